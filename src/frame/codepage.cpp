@@ -1,0 +1,78 @@
+#include "frame/codepage.h"
+
+#include <algorithm>
+
+#include "frame/platform.h"
+
+namespace tarvo {
+namespace {
+
+constexpr std::uint8_t kUnknown = '?';
+
+constexpr CodePage::Characters make1252() {
+  CodePage::Characters characters{};
+  for (unsigned byte = 0; byte < 256; ++byte) characters[byte] = static_cast<char16_t>(byte);
+  // 81, 8D, 8F, 90 and 9D are undefined and stay the control characters of the same number.
+  constexpr char16_t upper[32] = {0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
+                                  0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x008D, 0x017D, 0x008F,
+                                  0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
+                                  0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
+  for (unsigned i = 0; i < 32; ++i) characters[0x80 + i] = upper[i];
+  return characters;
+}
+
+std::size_t countBlocks(const CodePage::Characters& characters) {
+  std::array<bool, 256> used{};
+  for (const char16_t character : characters) used[character >> 8] = true;
+  return 1 + static_cast<std::size_t>(std::count(used.begin(), used.end(), true));
+}
+
+}  // namespace
+
+CodePage::CodePage(const Characters& characters)
+    : characters_(characters), blocks_(new Block[countBlocks(characters)]) {
+  blocks_[0].fill(kUnknown);
+  for (unsigned byte = 256; byte-- > 0;) {
+    const char16_t character = characters_[byte];
+    blockFor(character)[character & 0xFF] = static_cast<std::uint8_t>(byte);
+  }
+}
+
+CodePage::Block& CodePage::blockFor(char16_t character) {
+  std::uint16_t& index = blockOf_[character >> 8];
+  if (index == 0) {
+    index = static_cast<std::uint16_t>(blockCount_++);
+    blocks_[index].fill(kUnknown);
+  }
+  return blocks_[index];
+}
+
+const CodePage& CodePage::windows1252() {
+  static constexpr Characters kCharacters = make1252();
+  static const CodePage page(kCharacters);
+  return page;
+}
+
+const CodePage& CodePage::ofSystem() {
+  static const CodePage& page = []() -> const CodePage& {
+    Characters characters{};
+    if (!platform::systemCodePage(characters)) return windows1252();
+    static const CodePage system(characters);
+    return system;
+  }();
+  return page;
+}
+
+void CodePage::encode(TextView text, std::string& bytes) const {
+  bytes.resize(text.size());
+  char* out = bytes.data();
+  for (const char16_t character : text) *out++ = static_cast<char>(encode(character));
+}
+
+void CodePage::decode(std::string_view bytes, Text& text) const {
+  text.resize(bytes.size());
+  char16_t* out = text.data();
+  for (const char byte : bytes) *out++ = characters_[static_cast<std::uint8_t>(byte)];
+}
+
+}  // namespace tarvo

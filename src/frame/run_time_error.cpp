@@ -1,0 +1,85 @@
+#include "frame/run_time_error.h"
+
+#include <new>
+#include <string>
+#include <utility>
+
+#include "frame/application.h"
+#include "frame/thread_values.h"
+
+namespace tarvo {
+namespace {
+
+struct Described {
+  std::int32_t number;
+  const char16_t* description;
+};
+
+constexpr Described kDescriptions[] = {
+    {kInvalidProcedureCall, u"Invalid procedure call or argument"},
+    {kOverflow, u"Overflow"},
+    {kOutOfMemory, u"Out of memory"},
+    {kSubscriptOutOfRange, u"Subscript out of range"},
+    {kTypeMismatch, u"Type mismatch"},
+    {kOutOfStackSpace, u"Out of stack space"},
+    {kInternalError, u"Internal error"},
+    {kFileNotFound, u"File not found"},
+    {kObjectNotSet, u"Object variable not set"},
+    {kInvalidUseOfNull, u"Invalid use of Null"},
+    {kCannotCreateObject, u"Component can't create object"},
+    {kNoSuchMember, u"Object doesn't support this property or method"},
+    {kArgumentNotOptional, u"Argument not optional"},
+    {kWrongNumberOfArguments, u"Wrong number of arguments or invalid property assignment"},
+};
+
+Text describeAbout(std::int32_t number, TextView about) {
+  Text description = describeErrorNumber(number);
+  if (!about.empty()) description.append(u": ").append(about);
+  return description;
+}
+
+RunTimeError::Details ownError(Text description) {
+  return {Text(application().title), std::move(description), {}, 0};
+}
+
+}  // namespace
+
+Text describeErrorNumber(std::int32_t number) {
+  for (const Described& row : kDescriptions) {
+    if (row.number == number) return row.description;
+  }
+  return u"Run-time error " + fromAscii(std::to_string(number));
+}
+
+RunTimeError::RunTimeError(std::int32_t number) : RunTimeError(number, TextView()) {}
+
+RunTimeError::RunTimeError(std::int32_t number, TextView about)
+    : RunTimeError(number, ownError(describeAbout(number, about))) {}
+
+RunTimeError::RunTimeError(std::int32_t number, Details details)
+    : number_(number),
+      details_(std::move(details)),
+      lastDllError_(lastSystemError()),
+      what_(std::to_string(number) + " " + toUtf8(details_.description)) {}
+
+RunTimeError currentRunTimeError() noexcept {
+  try {
+    throw;
+  } catch (const RunTimeError& error) {
+    return error;
+  } catch (const std::bad_alloc&) {
+    return RunTimeError(kOutOfMemory);
+  } catch (const std::exception& error) {
+    return RunTimeError(kInternalError, fromUtf8(error.what()));
+  } catch (...) {
+    return RunTimeError(kInternalError);
+  }
+}
+
+std::int32_t lastSystemError() noexcept { return ThreadValues::ofThisThread().lastSystemError; }
+
+void setLastSystemError(std::int32_t code) noexcept {
+  ThreadValues::ofThisThread().lastSystemError = code;
+}
+
+}  // namespace tarvo

@@ -1,0 +1,13 @@
+// The public classes of the library, in the order of their numbers.  A class joins the server, the
+// type library and the reference by its member table and its line here.
+#pragma once
+
+#include "frame/clsInitLibTarvoRpd_members.h"
+#include "frame/enums_members.h"
+#include "printer/clsUtilImp_members.h"
+
+namespace tarvo {
+
+using PublicClasses = ClassList<clsInitLibTarvoRpd, clsUtilImp>;
+
+}  // namespace tarvo
