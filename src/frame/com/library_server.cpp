@@ -1,0 +1,38 @@
+// The library's server: LibTarvoRdpCI_2402.dll.
+#include "frame/clsInitLibTarvoRpd.h"
+#include "frame/com/outside_object.h"
+#include "frame/com/public_com_classes.h"
+#include "frame/com/server.h"
+#include "frame/thread_values.h"
+#include "public_classes.h"
+
+namespace tarvo::com {
+namespace {
+
+// The core library's registry, from whichever server is registered for it.
+Ref<clsVersionRegistry> makeVersionRegistry() {
+  CLSID id;
+  ComPtr<IUnknown> registry;
+  const ClassInfo& info = Described<clsVersionRegistry>::info;
+  const Text progId = fromAscii(info.progId());
+  if (FAILED(CLSIDFromProgID(wide(progId), &id)) ||
+      FAILED(CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, IID_IUnknown,
+                              registry.outVoid()))) {
+    throw RunTimeError(kCannotCreateObject, progId);
+  }
+  const Ref<Object> proxy = makeProxy(registry.get(), info);
+  return Ref<clsVersionRegistry>(static_cast<clsVersionRegistry*>(proxy.get()));
+}
+
+}  // namespace
+
+const ServerDescription& serverDescription() {
+  static const auto classes = comClasses(PublicClasses{});
+  static const ServerDescription description = [] {
+    setVersionRegistryMaker(&makeVersionRegistry);
+    return ServerDescription{&kPrintLibrary, classes, &anyThreadHoldsServices};
+  }();
+  return description;
+}
+
+}  // namespace tarvo::com

@@ -1,0 +1,62 @@
+#include "frame/com/outside_object.h"
+
+#include <algorithm>
+
+namespace tarvo::com {
+
+NamedAccess::NamedAccess(IUnknown* object)
+    : extended_(query<IDispatchEx>(object, __uuidof(IDispatchEx))),
+      dispatch_(query<IDispatch>(object, IID_IDispatch)) {
+  if (!extended_ && !dispatch_) throw RunTimeError(kTypeMismatch);
+}
+
+DISPID NamedAccess::idOf(TextView name) const {
+  const Bstr text(name);
+  DISPID id = DISPID_UNKNOWN;
+  if (extended_ && SUCCEEDED(extended_->GetDispID(text.get(), fdexNameCaseInsensitive, &id))) {
+    return id;
+  }
+  OLECHAR* names = text.get();
+  if (!dispatch_ ||
+      FAILED(dispatch_->GetIDsOfNames(IID_NULL, &names, 1, LOCALE_USER_DEFAULT, &id))) {
+    throw RunTimeError(kNoSuchMember, name);
+  }
+  return id;
+}
+
+void NamedAccess::invoke(DISPID id, WORD flags, std::span<VARIANT> arguments,
+                         VARIANT* result) const {
+  std::reverse(arguments.begin(), arguments.end());
+  DISPID putName = DISPID_PROPERTYPUT;
+  const bool isPut = (flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0;
+  DISPPARAMS parameters{arguments.data(), isPut ? &putName : nullptr,
+                        static_cast<UINT>(arguments.size()), isPut ? 1u : 0u};
+  EXCEPINFO exception{};
+  UINT argumentInError = 0;
+  SetErrorInfo(0, nullptr);
+  const HRESULT status = extended_
+                             ? extended_->InvokeEx(id, LOCALE_USER_DEFAULT, flags, &parameters,
+                                                   result, &exception, nullptr)
+                             : dispatch_->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, flags,
+                                                 &parameters, result, &exception, &argumentInError);
+  std::reverse(arguments.begin(), arguments.end());
+  // A script's error may come as a bare status, with nothing filled in.
+  if (FAILED(status)) raiseForeignError(status, &exception);
+}
+
+ContractAccess::ContractAccess(IUnknown* object, const ClassInfo& contract)
+    : interface_(query<IUnknown>(object, platformGuid(interfaceId(contract)))),
+      contract_(contract) {
+  if (interface_) return;
+  named_.emplace(object);
+  ids_.assign(contract.members.size(), DISPID_UNKNOWN);
+}
+
+void ContractAccess::callByName(std::size_t place, std::span<VARIANT> arguments, VARIANT* result) {
+  DISPID& id = ids_[place];
+  if (id == DISPID_UNKNOWN) id = named_->idOf(fromAscii(contract_.members[place].fullName()));
+  const WORD flags = result == nullptr ? DISPATCH_METHOD : DISPATCH_METHOD | DISPATCH_PROPERTYGET;
+  named_->invoke(id, flags, arguments, result);
+}
+
+}  // namespace tarvo::com

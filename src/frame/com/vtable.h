@@ -1,0 +1,206 @@
+// The table of functions of a class's dual interface, made from its member table.
+//
+// Each entry takes COM's arguments, makes C++'s of them, calls the operation, gives the result and
+// by-reference arguments back, and turns a run-time error into a status with an error object.  An
+// out-parameter is defined even when the call fails: the result is empty, and by-reference
+// arguments have what the operation had given them until then.
+#pragma once
+
+#include "frame/com/convert.h"
+#include "frame/com/face.h"
+
+namespace tarvo::com {
+
+// One argument on its way in, by value.
+template <class Parameter>
+class Incoming {
+ public:
+  using Plain = PlainOf<Parameter>;
+  using Abi = typename Automation<Plain>::Abi;
+
+  explicit Incoming(Abi abi) { Automation<Plain>::fromAbi(abi, value_); }
+  Plain& get() noexcept { return value_; }
+  void giveBack() noexcept {}
+
+ private:
+  Plain value_{};
+};
+
+// A text that is only read is read where it stands.
+template <>
+class Incoming<TextView> {
+ public:
+  using Abi = BSTR;
+  explicit Incoming(BSTR abi) noexcept : view_(viewOf(abi)) {}
+  TextView get() const noexcept { return view_; }
+  void giveBack() noexcept {}
+
+ private:
+  TextView view_;
+};
+
+// By reference.
+template <class Parameter>
+requires tarvo::detail::kIsByReference<Parameter>
+class Incoming<Parameter> {
+ public:
+  using Plain = PlainOf<Parameter>;
+  using Abi = typename Automation<Plain>::Abi*;
+
+  explicit Incoming(Abi abi) : abi_(abi) {
+    if (abi_ == nullptr) throw RunTimeError(kInvalidProcedureCall);
+    Automation<Plain>::fromAbi(*abi_, value_);
+  }
+  Plain& get() noexcept { return value_; }
+
+  void giveBack() {
+    if (Automation<Plain>::equals(*abi_, value_)) return;
+    typename Automation<Plain>::Abi changed{};
+    Automation<Plain>::toAbi(value_, changed);
+    Automation<Plain>::freeAbi(*abi_);
+    *abi_ = changed;
+  }
+
+ private:
+  Abi abi_;
+  Plain value_{};
+};
+
+namespace detail {
+
+// The parameters that a caller passes: all but one that is the result.
+template <class Row,
+          class = std::make_index_sequence<Row::parameterCount - (Row::resultIsParameter ? 1 : 0)>>
+struct CallerParameters;
+template <class Row, std::size_t... I>
+struct CallerParameters<Row, std::index_sequence<I...>> {
+  using Type = std::tuple<std::tuple_element_t<I, typename Row::Traits::Parameters>...>;
+};
+
+template <class Body>
+HRESULT guarded(const ClassInfo& info, Body&& body) noexcept {
+  try {
+    body();
+    return S_OK;
+  } catch (...) {
+    return statusOfCurrentException(platformGuid(interfaceId(info)));
+  }
+}
+
+// Calls the operation and gives the by-reference arguments back, whatever comes of it.
+template <class Call, class... In>
+decltype(auto) callAndGiveBack(Call&& call, In&... in) {
+  struct Giver {
+    std::tuple<In&...> arguments;
+    bool failed = true;
+    void give() {
+      std::apply([](In&... each) { (each.giveBack(), ...); }, arguments);
+    }
+    ~Giver() {
+      if (!failed) return;
+      try {
+        give();
+      } catch (...) {  // the operation's own error is on its way and says more
+      }
+    }
+  } giver{{in...}};
+  if constexpr (std::is_void_v<decltype(call(in.get()...))>) {
+    call(in.get()...);
+    giver.failed = false;
+    giver.give();
+  } else {
+    decltype(auto) result = call(in.get()...);
+    giver.failed = false;
+    giver.give();
+    return result;
+  }
+}
+
+// `Row` is a row of T's member table; `Parameters` the tuple of what the caller passes.
+template <class T, class Row, class Result, class Parameters>
+struct Entry;
+
+// No result.
+template <class T, class Row, class... P>
+struct Entry<T, Row, void, std::tuple<P...>> {
+  static HRESULT STDMETHODCALLTYPE call(Face* face, typename Incoming<P>::Abi... abi) {
+    return guarded(Described<T>::info, [&] {
+      auto& object = static_cast<T&>(*face->object);
+      std::tuple<Incoming<P>...> in{abi...};
+      std::apply(
+          [&](Incoming<P>&... each) {
+            callAndGiveBack([&](auto&&... a) { (object.*Row::function)(a...); }, each...);
+          },
+          in);
+    });
+  }
+};
+
+// With a result, returned or put into the last parameter.
+template <class T, class Row, class Result, class... P>
+struct Entry<T, Row, Result, std::tuple<P...>> {
+  using ResultAbi = typename Automation<Result>::Abi;
+
+  static HRESULT STDMETHODCALLTYPE call(Face* face, typename Incoming<P>::Abi... abi,
+                                        ResultAbi* result) {
+    if (result == nullptr) return E_POINTER;
+    *result = ResultAbi{};
+    return guarded(Described<T>::info, [&] {
+      auto& object = static_cast<T&>(*face->object);
+      std::tuple<Incoming<P>...> in{abi...};
+      std::apply(
+          [&](Incoming<P>&... each) {
+            if constexpr (Row::resultIsParameter) {
+              Result value{};
+              callAndGiveBack([&](auto&&... a) { (object.*Row::function)(a..., value); }, each...);
+              Automation<Result>::toAbi(value, *result);
+            } else {
+              decltype(auto) value = callAndGiveBack(
+                  [&](auto&&... a) -> decltype(auto) { return (object.*Row::function)(a...); },
+                  each...);
+              Automation<Result>::toAbi(value, *result);
+            }
+          },
+          in);
+    });
+  }
+};
+
+template <class T, std::size_t Index>
+struct EntryAt {
+  using Row = RowOf<T, Index>;
+  using ReturnedOrPut = PlainOf<typename tarvo::detail::ResultOf<Row>::Type>;
+  using Type = Entry<T, Row, ReturnedOrPut, typename CallerParameters<Row>::Type>;
+  using Function = decltype(&Type::call);
+};
+
+}  // namespace detail
+
+inline constexpr std::size_t kDispatchFunctionCount = 7;
+
+// The table itself.
+template <class T>
+const void* const* vtableOf() {
+  static const auto table = []<std::size_t... I>(std::index_sequence<I...>) {
+    return std::array<const void*, kDispatchFunctionCount + sizeof...(I)>{
+        reinterpret_cast<const void*>(&faceQueryInterface),
+        reinterpret_cast<const void*>(&faceAddRef),
+        reinterpret_cast<const void*>(&faceRelease),
+        reinterpret_cast<const void*>(&faceGetTypeInfoCount),
+        reinterpret_cast<const void*>(&faceGetTypeInfo),
+        reinterpret_cast<const void*>(&faceGetIDsOfNames),
+        reinterpret_cast<const void*>(&faceInvoke),
+        reinterpret_cast<const void*>(&detail::EntryAt<T, I>::Type::call)...};
+  }
+  (std::make_index_sequence<kMemberCount<T>>());
+  return table.data();
+}
+
+// How a server lists a class: `Implementation` is what a client gets when it creates one.
+template <class T, class Implementation = T>
+ComClass comClass() {
+  return {&Described<T>::info, vtableOf<T>(),
+          []() -> Ref<Object> { return make<Implementation>(); }};
+}
+
+}  // namespace tarvo::com
