@@ -2,7 +2,6 @@
 
 #include <string>
 
-#include "frame/application.h"
 #include "printer/clsUtilImp.h"
 
 namespace tarvo {
@@ -27,10 +26,9 @@ LocationCode locationCodeOf(TextView folder) {
 
 }  // namespace
 
-Text fDllVersionText() {
-  const Application& app = application();
-  return Text(app.title) + u".dll " + u" Versión: " + decimalText(app.major) + u"." +
-         decimalText(app.minor) + u"." + decimalText(app.revision);
+Text fDllVersionText(const Application& library) {
+  return Text(library.title) + u".dll " + u" Versión: " + decimalText(library.major) + u"." +
+         decimalText(library.minor) + u"." + decimalText(library.revision);
 }
 
 void setVersionRegistryMaker(VersionRegistryMaker maker) noexcept { versionRegistryMaker = maker; }

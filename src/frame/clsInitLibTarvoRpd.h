@@ -5,6 +5,7 @@
 // The object keeps nothing and may go at once: what it was given stays in modRDPGlobalValues.
 #pragma once
 
+#include "frame/application.h"
 #include "frame/modRDPGlobalValues.h"
 #include "frame/trapped.h"
 
@@ -39,8 +40,8 @@ class clsInitLibTarvoRpd final : public TrappedObject {
   const ErrorIdentity& errorIdentity() const noexcept override;
 };
 
-// "LibTarvoRdpCI.dll  Versión: 1.0.25": title, two fixed pieces, the three numbers.
-Text fDllVersionText();
+// "LibTarvoRdpCI.dll  Versión: 1.0.25": title, two fixed pieces, the three numbers without padding.
+Text fDllVersionText(const Application& library = application());
 
 // How the library makes a version registry; the platform sets it where there is a way to (on
 // Windows through the core library's server), a native program may.  Default: none, which makes

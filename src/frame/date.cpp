@@ -33,6 +33,8 @@ DayAndSeconds split(Date date) {
   return parts;
 }
 
+bool isWithin(int value, int least, int most) { return value >= least && value <= most; }
+
 }  // namespace
 
 CivilTime civilTimeOf(Date date) {
@@ -54,9 +56,10 @@ Date dateOf(const CivilTime& time) {
   const year_month_day civil(std::chrono::year(time.year),
                              std::chrono::month(static_cast<unsigned>(time.month)),
                              std::chrono::day(static_cast<unsigned>(time.day)));
-  const bool inRange = time.year >= 100 && time.year <= 9999 && time.month > 0 && time.day > 0 &&
-                       civil.ok() && time.hour >= 0 && time.hour < 24 && time.minute >= 0 &&
-                       time.minute < 60 && time.second >= 0 && time.second < 60;
+  // The calendar keeps months and days in bytes: what does not fit would come back as another one.
+  const bool inRange = isWithin(time.year, 100, 9999) && isWithin(time.month, 1, 12) &&
+                       isWithin(time.day, 1, 31) && civil.ok() && isWithin(time.hour, 0, 23) &&
+                       isWithin(time.minute, 0, 59) && isWithin(time.second, 0, 59);
   if (!inRange) throw RunTimeError(kInvalidProcedureCall);
   const auto day = static_cast<double>((sys_days(civil) - kDayZero).count());
   const int seconds = (time.hour * 60 + time.minute) * 60 + time.second;

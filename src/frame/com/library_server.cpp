@@ -16,11 +16,11 @@ Ref<clsVersionRegistry> makeVersionRegistry() {
   const ClassInfo& info = Described<clsVersionRegistry>::info;
   const Text progId = fromAscii(info.progId());
   if (FAILED(CLSIDFromProgID(wide(progId), &id)) ||
-      FAILED(CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, IID_IUnknown,
-                              registry.outVoid()))) {
+      FAILED(
+          CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, IID_IUnknown, registry.outVoid()))) {
     throw RunTimeError(kCannotCreateObject, progId);
   }
-  const Ref<Object> proxy = makeProxy(registry.get(), info);
+  const Ref<Object> proxy = makeServiceProxy(registry.get(), info);
   return Ref<clsVersionRegistry>(static_cast<clsVersionRegistry*>(proxy.get()));
 }
 
@@ -30,7 +30,7 @@ const ServerDescription& serverDescription() {
   static const auto classes = comClasses(PublicClasses{});
   static const ServerDescription description = [] {
     setVersionRegistryMaker(&makeVersionRegistry);
-    return ServerDescription{&kPrintLibrary, classes, &anyThreadHoldsServices};
+    return ServerDescription{&kPrintLibrary, classes, &makeServiceProxy, &anyThreadHoldsServices};
   }();
   return description;
 }

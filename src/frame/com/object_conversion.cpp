@@ -25,7 +25,8 @@ Ref<Object> objectFromUnknown(IUnknown* unknown, const ClassInfo* objectClass) {
   if (unknown == nullptr) return {};
   if (objectClass == nullptr) return makeLateObject(unknown);
   if (const Face* face = ownFace(unknown, *objectClass); face != nullptr) return face->object;
-  Ref<Object> proxy = makeProxy(unknown, *objectClass);
+  const auto makeProxy = serverDescription().makeProxy;
+  Ref<Object> proxy = makeProxy != nullptr ? makeProxy(unknown, *objectClass) : Ref<Object>();
   if (!proxy) throw RunTimeError(kTypeMismatch, fromAscii(objectClass->name));
   return proxy;
 }

@@ -232,8 +232,8 @@ class ContractProxy : public Contract, public OutsideObject {
   ContractAccess access_;
 };
 
-// The proxy of a contract (service_proxies.cpp).  Null for a class that is no contract.
-Ref<Object> makeProxy(IUnknown* object, const ClassInfo& contract);
+// The proxy of one of the core services' contracts (service_proxies.cpp); empty for another class.
+Ref<Object> makeServiceProxy(IUnknown* object, const ClassInfo& contract);
 
 // A foreign object of which only the names of its members are known.
 // Raises: 13 when it has no dispatch interface.

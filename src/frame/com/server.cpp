@@ -3,6 +3,8 @@
 #include <new>
 #include <vector>
 
+#include "frame/com/runtime_slot.h"
+
 namespace tarvo::com {
 namespace {
 
@@ -89,7 +91,7 @@ Text serverFileName() {
   for (;;) {
     const DWORD length =
         GetModuleFileNameW(moduleHandle, buffer.data(), static_cast<DWORD>(buffer.size()));
-    if (length < buffer.size()) return Text(buffer.begin(), buffer.begin() + length);
+    if (length < buffer.size()) return Text(buffer.data(), buffer.data() + length);
     buffer.resize(buffer.size() * 2);
   }
 }
@@ -109,8 +111,13 @@ HRESULT makeClassFactory(const ComClass& comClass, REFIID id, void** result) noe
 
 extern "C" {
 
-BOOL WINAPI DllMain(HINSTANCE module, DWORD reason, LPVOID) {
-  if (reason == DLL_PROCESS_ATTACH) tarvo::com::moduleHandle = module;
+BOOL WINAPI DllMain(HINSTANCE module, DWORD reason, LPVOID processIsEnding) {
+  if (reason == DLL_PROCESS_ATTACH) {
+    tarvo::com::moduleHandle = module;
+    tarvo::com::noteRuntimeSlot();
+  } else if (reason == DLL_PROCESS_DETACH && processIsEnding == nullptr) {
+    tarvo::com::freeRuntimeSlot();
+  }
   return TRUE;
 }
 

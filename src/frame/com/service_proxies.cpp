@@ -254,7 +254,7 @@ constexpr ProxyRow kProxies[] = {
 
 }  // namespace
 
-Ref<Object> makeProxy(IUnknown* object, const ClassInfo& contract) {
+Ref<Object> makeServiceProxy(IUnknown* object, const ClassInfo& contract) {
   for (const ProxyRow& row : kProxies) {
     if (row.contract == &contract) return row.make(object);
   }

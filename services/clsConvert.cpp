@@ -1,0 +1,113 @@
+#include "services/clsConvert.h"
+
+#include <charconv>
+#include <string>
+#include <utility>
+
+#include "frame/decimal.h"
+#include "services/date_parts.h"
+#include "services/number_field.h"
+#include "services/plain_number.h"
+
+namespace LibTarvoCI {
+namespace {
+
+void requireNotNegative(std::int32_t count, TextView about) {
+  if (count < 0) fail(tarvo::kInvalidProcedureCall, about);
+}
+
+void formatNumber(Currency value, std::int16_t width, std::int16_t decimals, NumberField field,
+                  Text& result) {
+  requireNotNegative(width, u"valWidth");
+  requireNotNegative(decimals, u"valDecimals");
+  field.width = static_cast<std::size_t>(width);
+  field.decimals = decimals;
+  formatField(value, field, result);
+}
+
+// The number as the standard library reads it.
+std::string asciiOf(const tarvo::Decimal& number) {
+  std::string ascii = number.negative ? "-" : "";
+  const auto append = [&ascii](TextView digits) {
+    for (const char16_t digit : digits) ascii.push_back(static_cast<char>(digit));
+  };
+  append(number.units);
+  if (!number.decimals.empty()) {
+    ascii.push_back('.');
+    append(number.decimals);
+  }
+  return ascii;
+}
+
+std::int64_t roundedNumber(TextView text) {
+  if (!tarvo::isDecimal(text)) fail(tarvo::kTypeMismatch, u"valText");
+  try {
+    return tarvo::roundedHalfToEven(tarvo::parseDecimal(text), 0);
+  } catch (const tarvo::RunTimeError& error) {
+    fail(error.number(), u"valText");
+  }
+}
+
+template <class To>
+To roundedTo(TextView text) {
+  const std::int64_t number = roundedNumber(text);
+  if (!std::in_range<To>(number)) fail(tarvo::kOverflow, u"valText");
+  return static_cast<To>(number);
+}
+
+}  // namespace
+
+void clsConvert::fFormatNumberDotComma(Currency valValue, std::int16_t valWidth,
+                                       std::int16_t valDecimals, bool valParenthesis,
+                                       Text& result) {
+  formatNumber(valValue, valWidth, valDecimals,
+               {.thousandsMark = u'.', .decimalMark = u',', .parenthesis = valParenthesis}, result);
+}
+
+void clsConvert::fFormatNumberCommaDot(Currency valValue, std::int16_t valWidth,
+                                       std::int16_t valDecimals, bool valParenthesis,
+                                       Text& result) {
+  formatNumber(valValue, valWidth, valDecimals,
+               {.thousandsMark = u',', .decimalMark = u'.', .parenthesis = valParenthesis}, result);
+}
+
+void clsConvert::fNumberToText(const Value& valNumber, Text& result) {
+  plainNumber(valNumber, result);
+}
+
+double clsConvert::fTextToNumber(TextView valText) {
+  const tarvo::Decimal number = tarvo::leadingDecimal(valText);
+  if (number.units.empty()) return 0;
+  const std::string ascii = asciiOf(number);
+  double value = 0;
+  const std::from_chars_result end =
+      std::from_chars(ascii.data(), ascii.data() + ascii.size(), value, std::chars_format::fixed);
+  if (end.ec == std::errc::result_out_of_range) {
+    // Out of range at either end: a number too near to zero is zero.
+    const bool isGreat = number.units.find_first_not_of(u'0') != TextView::npos;
+    if (isGreat) fail(tarvo::kOverflow, u"valText");
+    return 0;
+  }
+  return value == 0 ? 0 : value;  // takes the sign off a zero
+}
+
+bool clsConvert::fIsNumeric(TextView valText) { return tarvo::isDecimal(valText); }
+
+std::uint8_t clsConvert::fTextToByte(TextView valText) { return roundedTo<std::uint8_t>(valText); }
+
+std::int16_t clsConvert::fTextToInteger(TextView valText) {
+  return roundedTo<std::int16_t>(valText);
+}
+
+void clsConvert::fBooleanToText(bool valValue, Text& result) {
+  result.assign(valValue ? u"S" : u"N");
+}
+
+void clsConvert::fDateToText(Date valDate, Text& result) { dayMonthYear(valDate, result); }
+
+std::int32_t clsConvert::fReportWidth(std::int32_t valLength, std::int16_t) {
+  requireNotNegative(valLength, u"valLength");
+  return valLength;
+}
+
+}  // namespace LibTarvoCI

@@ -1,0 +1,30 @@
+// The CUPS back-end of the spooler port: every document is a raw job in a CUPS queue.
+//
+// The printer's name is the queue's, or "queue/instance" for the options that the user keeps under
+// that name (lpoptions(1)); an instance that is not known has the queue's.  The server is the one
+// that libcups finds (CUPS_SERVER, client.conf), the user is the one who runs the program.  The
+// document's name is the job's title, cut to the 255 bytes that a server takes, with blanks for
+// control characters; an empty one leaves the title to the server.  An output file and a data type
+// are not looked at: data are always sent as raw.
+//
+// A document is collected in a temporary file ($TMPDIR, else /tmp) and submitted when it ends, all
+// at once: a pause of the operator cannot time a connection out, and memory stays the same whatever
+// the size.  endDocument answers true when the job is in the queue, which does not say that it is
+// printed.  A document that was not collected whole (a full disk) or not submitted whole is not
+// printed at all, and endDocument answers false.  closePrinter and openPrinter on a document that
+// has not ended give it up; one without bytes is no job.
+//
+// openPrinter answers false for an unknown queue and when the server is away.
+//
+// lastError(): errno's code (below 1024) for the temporary file and for calls out of order, else the
+// status of the print protocol: 1030 for an unknown queue, 1282 for a server that is away, or what
+// the server answered.
+#pragma once
+
+#include "printer/spooler.h"
+
+namespace tarvo {
+
+Ref<Spooler> makeCupsSpooler();
+
+}  // namespace tarvo

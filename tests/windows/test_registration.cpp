@@ -1,0 +1,158 @@
+// Registration: per machine, per user where the machine's registry is closed, and not at all.
+#include <gmock/gmock.h>
+
+#include "client.h"
+
+namespace tarvo::client {
+namespace {
+
+constexpr wchar_t kClassKey[] =
+    L"Software\\Classes\\CLSID\\{6EBE584D-9189-4448-8733-932D5F4DAD12}";
+
+// A key's default value; "(none)" when the key is not there.
+std::string valueOf(HKEY root, const std::wstring& path, const wchar_t* name = nullptr) {
+  wchar_t value[512] = {};
+  DWORD size = sizeof value;
+  if (RegGetValueW(root, path.c_str(), name, RRF_RT_REG_SZ, nullptr, value, &size) !=
+      ERROR_SUCCESS) {
+    return "(none)";
+  }
+  return utf8(com::fromWide(value));
+}
+
+// For its life, nobody may write the machine's classes, as for an ordinary account.
+class ClosedMachineRegistry {
+ public:
+  ClosedMachineRegistry() {
+    RegOpenKeyExW(HKEY_LOCAL_MACHINE, kClasses, 0, KEY_ALL_ACCESS, &classes_);
+    DWORD size = sizeof before_;
+    RegGetKeySecurity(classes_, DACL_SECURITY_INFORMATION, before_, &size);
+    ACL nobody;
+    InitializeAcl(&nobody, sizeof nobody, ACL_REVISION);
+    SECURITY_DESCRIPTOR closed;
+    InitializeSecurityDescriptor(&closed, SECURITY_DESCRIPTOR_REVISION);
+    SetSecurityDescriptorDacl(&closed, TRUE, &nobody, FALSE);
+    RegSetKeySecurity(classes_, DACL_SECURITY_INFORMATION, &closed);
+  }
+  ~ClosedMachineRegistry() {
+    RegSetKeySecurity(classes_, DACL_SECURITY_INFORMATION, before_);
+    RegCloseKey(classes_);
+  }
+
+  bool isClosed() const {
+    HKEY key = nullptr;
+    const LSTATUS status = RegCreateKeyExW(HKEY_LOCAL_MACHINE, kClasses, 0, nullptr, 0, KEY_WRITE,
+                                           nullptr, &key, nullptr);
+    if (status == ERROR_SUCCESS) RegCloseKey(key);
+    return status == ERROR_ACCESS_DENIED;
+  }
+
+ private:
+  static constexpr wchar_t kClasses[] = L"Software\\Classes";
+
+  HKEY classes_ = nullptr;
+  BYTE before_[1024] = {};
+};
+
+class Registration : public testing::Test {
+ protected:
+  void SetUp() override {
+    CoInitialize(nullptr);
+    companion().registerServer();
+    library().unregisterServer();
+  }
+  void TearDown() override {
+    library().unregisterServer();
+    CoUninitialize();
+  }
+
+  std::string key(HKEY root, const wchar_t* sub) { return valueOf(root, kClassKey + std::wstring(sub)); }
+};
+
+TEST_F(Registration, ForTheMachineWritesEveryKey) {
+  ASSERT_EQ(S_OK, library().registerServer());
+  const HKEY machine = HKEY_LOCAL_MACHINE;
+  EXPECT_EQ("LibTarvoRdpCI.clsUtilImp", key(machine, L""));
+  EXPECT_EQ("LibTarvoRdpCI.clsUtilImp", key(machine, L"\\ProgID"));
+  EXPECT_EQ(utf8(com::fromWide(libraryPath().c_str())), key(machine, L"\\InprocServer32"));
+  EXPECT_EQ("Apartment",
+            valueOf(machine, std::wstring(kClassKey) + L"\\InprocServer32", L"ThreadingModel"));
+  EXPECT_EQ("{6EBE5848-9189-4448-8733-932D5F4DAD12}", key(machine, L"\\TypeLib"));
+  EXPECT_EQ("{6EBE584D-9189-4448-8733-932D5F4DAD12}",
+            valueOf(machine, L"Software\\Classes\\LibTarvoRdpCI.clsUtilImp\\CLSID"));
+  EXPECT_EQ("(none)", key(HKEY_CURRENT_USER, L""));
+}
+
+TEST_F(Registration, LetsClientsCreateByProgId) {
+  ASSERT_EQ(S_OK, library().registerServer());
+  CLSID id;
+  ASSERT_EQ(S_OK, CLSIDFromProgID(L"LibTarvoRdpCI.clsUtilImp", &id));
+  ComPtr<_clsUtilImp> printer;
+  EXPECT_EQ(S_OK, CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, __uuidof(_clsUtilImp),
+                                   printer.outVoid()));
+}
+
+TEST_F(Registration, RegistersTheTypeLibrary) {
+  ASSERT_EQ(S_OK, library().registerServer());
+  ComPtr<ITypeLib> found;
+  GUID libid;
+  CLSIDFromString(L"{6EBE5848-9189-4448-8733-932D5F4DAD12}", &libid);
+  EXPECT_EQ(S_OK, LoadRegTypeLib(libid, 1, 0, LOCALE_NEUTRAL, found.out()));
+}
+
+TEST_F(Registration, MayBeDoneTwice) {
+  EXPECT_EQ(S_OK, library().registerServer());
+  EXPECT_EQ(S_OK, library().registerServer());
+}
+
+TEST_F(Registration, GoesToTheUserWhereTheMachinesRegistryIsClosed) {
+  {
+    const ClosedMachineRegistry closed;
+    ASSERT_TRUE(closed.isClosed());
+    ASSERT_EQ(S_OK, library().registerServer());
+  }
+  EXPECT_EQ("(none)", key(HKEY_LOCAL_MACHINE, L""));
+  EXPECT_EQ("LibTarvoRdpCI.clsUtilImp", key(HKEY_CURRENT_USER, L""));
+  EXPECT_EQ(utf8(com::fromWide(libraryPath().c_str())),
+            key(HKEY_CURRENT_USER, L"\\InprocServer32"));
+  EXPECT_EQ("{6EBE584D-9189-4448-8733-932D5F4DAD12}",
+            valueOf(HKEY_CURRENT_USER, L"Software\\Classes\\LibTarvoRdpCI.clsUtilImp\\CLSID"));
+}
+
+TEST_F(Registration, UnregisteringRemovesBothWays) {
+  {
+    const ClosedMachineRegistry closed;
+    ASSERT_TRUE(closed.isClosed());
+    ASSERT_EQ(S_OK, library().registerServer());
+  }
+  ASSERT_EQ(S_OK, library().registerServer());
+  ASSERT_EQ(S_OK, library().unregisterServer());
+  for (const HKEY root : {HKEY_LOCAL_MACHINE, HKEY_CURRENT_USER}) {
+    EXPECT_EQ("(none)", key(root, L""));
+    EXPECT_EQ("(none)", valueOf(root, L"Software\\Classes\\LibTarvoRdpCI.clsUtilImp\\CLSID"));
+  }
+}
+
+TEST_F(Registration, IsNotNeededWithTheManifest) {
+  CLSID id;
+  ASSERT_NE(S_OK, CLSIDFromProgID(L"LibTarvoRdpCI.clsUtilImp", &id)) << "still registered";
+  const std::wstring manifest = productFolder() + L"LibTarvoRdpCI_2402.manifest";
+  ACTCTXW context{};
+  context.cbSize = sizeof context;
+  context.lpSource = manifest.c_str();
+  const HANDLE handle = CreateActCtxW(&context);
+  ASSERT_NE(INVALID_HANDLE_VALUE, handle);
+  ULONG_PTR cookie = 0;
+  ASSERT_TRUE(ActivateActCtx(handle, &cookie));
+  ComPtr<_clsUtilImp> printer;
+  EXPECT_EQ(S_OK, CLSIDFromProgID(L"LibTarvoRdpCI.clsUtilImp", &id));
+  EXPECT_EQ(S_OK, CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, __uuidof(_clsUtilImp),
+                                   printer.outVoid()));
+  EXPECT_TRUE(printer);
+  printer.reset();
+  DeactivateActCtx(0, cookie);
+  ReleaseActCtx(handle);
+}
+
+}  // namespace
+}  // namespace tarvo::client

@@ -1,0 +1,100 @@
+#!/bin/sh
+# Everything that has to pass, the quick and likely failures first.  Each stage's output is kept in
+# build/test/; what failed is shown.  A stage that is no test run (formatting, lint, a build) counts
+# only when it fails.  The last line is the sum: "N passed, N failed, N skipped".
+set -eu
+cd "$(dirname "$0")/../.."
+. tools/dev/setup.sh
+. tools/dev/build.sh
+
+logs=build/test
+tally=$logs/tally
+started=$(date +%s)
+
+# finish STAGE STARTED OUTCOME: one line for a stage that has ended.
+finish() {
+  printf '%-18s %5s s   %s\n' "$1" "$(($(date +%s) - $2))" "$3"
+}
+
+show_failure() {
+  echo "---- $1 failed; the end of $logs/$1.log:"
+  tail -n 60 "$logs/$1.log"
+  echo "----"
+}
+
+# step STAGE COMMAND...: a stage that must succeed, or say with exit code 77 that it cannot be done
+# here; then the tests that need it say so too, and are counted.
+step() {
+  stage=$1 at=$(date +%s) status=0
+  shift
+  "$@" >"$logs/$stage.log" 2>&1 || status=$?
+  case $status in
+    0) finish "$stage" "$at" ok ;;
+    77) finish "$stage" "$at" "NOT POSSIBLE: $(tail -n 1 "$logs/$stage.log")" ;;
+    *)
+      finish "$stage" "$at" FAILED
+      show_failure "$stage"
+      echo "0 1 0" >>"$tally"
+      return 1
+      ;;
+  esac
+}
+
+# tests STAGE PRESET: the tests of a build, counted one by one.
+tests() {
+  stage=$1 at=$(date +%s) status=0
+  rm -f "$logs/$stage.xml"
+  ctest --preset "$2" -j "$(nproc)" --output-junit "$PWD/$logs/$stage.xml" \
+    --test-output-size-passed 65536 --test-output-truncation head \
+    >"$logs/$stage.log" 2>&1 || status=$?
+  counts=$(tools/dev/junit.py "$logs/$stage.xml" "$status" 2>"$logs/$stage.notes") ||
+    counts="0 1 0"
+  echo "$counts" >>"$tally"
+  finish "$stage" "$at" "$(sentence "$counts")"
+  [ "$status" -eq 0 ] || show_failure "$stage"
+  cat "$logs/$stage.notes"
+}
+
+# skip STAGE REASON
+skip() {
+  finish "$1" "$(date +%s)" "SKIPPED: $2"
+  echo "0 0 1" >>"$tally"
+}
+
+# sentence "PASSED FAILED SKIPPED"
+sentence() {
+  # shellcheck disable=SC2086
+  printf '%s passed, %s failed, %s skipped' $1
+}
+
+conclude() {
+  total=$(awk '{ p += $1; f += $2; s += $3 } END { print p + 0, f + 0, s + 0 }' "$tally")
+  echo "$(($(date +%s) - started)) s"
+  sentence "$total"
+  echo
+  case $total in
+    0\ *) echo "dev: no test passed, so nothing is proved" >&2; exit 1 ;;
+    *\ 0\ *) exit 0 ;;
+    *) exit 1 ;;
+  esac
+}
+
+need native checks
+want windows wine spooler ui
+mkdir -p $logs
+: >$tally
+
+step format tools/dev/format.sh --check || true
+step native-build build native || conclude
+tests native native
+step lint tools/dev/tidy.py build/native || true
+if step sanitize-build build sanitize; then tests sanitize sanitize; fi
+for bits in 64 32; do
+  if ! have_cross_compiler $bits; then
+    skip "win$bits" "there is no compiler for Windows, $bits bit"
+  elif step win$bits-build build win$bits; then
+    step wine$bits-setup tests/equipment/wine/prepare.sh $bits || true
+    tests win$bits win$bits
+  fi
+done
+conclude
