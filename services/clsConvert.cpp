@@ -1,10 +1,11 @@
 #include "services/clsConvert.h"
 
-#include <charconv>
+#include <cmath>
 #include <string>
 #include <utility>
 
 #include "frame/decimal.h"
+#include "services/binary_number.h"
 #include "services/date_parts.h"
 #include "services/number_field.h"
 #include "services/plain_number.h"
@@ -25,18 +26,13 @@ void formatNumber(Currency value, std::int16_t width, std::int16_t decimals, Num
   formatField(value, field, result);
 }
 
-// The number as the standard library reads it.
-std::string asciiOf(const tarvo::Decimal& number) {
-  std::string ascii = number.negative ? "-" : "";
-  const auto append = [&ascii](TextView digits) {
-    for (const char16_t digit : digits) ascii.push_back(static_cast<char>(digit));
-  };
-  append(number.units);
-  if (!number.decimals.empty()) {
-    ascii.push_back('.');
-    append(number.decimals);
+// The number without its sign.
+double magnitudeOf(const tarvo::Decimal& number) {
+  std::string digits;
+  for (const TextView part : {number.units, number.decimals}) {
+    for (const char16_t digit : part) digits.push_back(static_cast<char>(digit));
   }
-  return ascii;
+  return nearestDouble(digits, -static_cast<int>(number.decimals.size()));
 }
 
 std::int64_t roundedNumber(TextView text) {
@@ -78,17 +74,9 @@ void clsConvert::fNumberToText(const Value& valNumber, Text& result) {
 double clsConvert::fTextToNumber(TextView valText) {
   const tarvo::Decimal number = tarvo::leadingDecimal(valText);
   if (number.units.empty()) return 0;
-  const std::string ascii = asciiOf(number);
-  double value = 0;
-  const std::from_chars_result end =
-      std::from_chars(ascii.data(), ascii.data() + ascii.size(), value, std::chars_format::fixed);
-  if (end.ec == std::errc::result_out_of_range) {
-    // Out of range at either end: a number too near to zero is zero.
-    const bool isGreat = number.units.find_first_not_of(u'0') != TextView::npos;
-    if (isGreat) fail(tarvo::kOverflow, u"valText");
-    return 0;
-  }
-  return value == 0 ? 0 : value;  // takes the sign off a zero
+  const double magnitude = magnitudeOf(number);
+  if (std::isinf(magnitude)) fail(tarvo::kOverflow, u"valText");
+  return number.negative && magnitude != 0 ? -magnitude : magnitude;
 }
 
 bool clsConvert::fIsNumeric(TextView valText) { return tarvo::isDecimal(valText); }

@@ -1,21 +1,18 @@
 #include "services/plain_number.h"
 
 #include <algorithm>
-#include <array>
-#include <charconv>
 #include <cmath>
+#include <string_view>
 #include <variant>
 
 #include "frame/decimal.h"
+#include "services/binary_number.h"
 #include "services/digits.h"
 
 namespace LibTarvoCI {
 namespace {
 
 constexpr char16_t kDecimalMark = u',';
-
-// The greatest double has 309 digits; the smallest needs 324 decimals after "-0.".
-constexpr std::size_t kLongestDouble = 400;
 
 void assignSigned(bool isNegative, Text& result) { result.assign(isNegative ? u"-" : u""); }
 
@@ -36,16 +33,30 @@ void assignAmount(Currency amount, Text& result) {
   result.erase(result.find_last_not_of(u'0') + 1);
 }
 
+void appendAscii(std::string_view digits, Text& result) {
+  result.append(digits.begin(), digits.end());
+}
+
+// The digits with as many zeros, or the mark, as the exponent says.
+void appendPlain(const DecimalDigits& decimal, Text& result) {
+  const std::string_view digits = decimal.digits;
+  if (decimal.exponent >= 0) {
+    appendAscii(digits, result);
+    result.append(static_cast<std::size_t>(decimal.exponent), u'0');
+    return;
+  }
+  const auto decimals = static_cast<std::size_t>(-decimal.exponent);
+  const std::size_t units = digits.size() > decimals ? digits.size() - decimals : 0;
+  appendAscii(units > 0 ? digits.substr(0, units) : "0", result);
+  result.push_back(kDecimalMark);
+  result.append(decimals - (digits.size() - units), u'0');
+  appendAscii(digits.substr(units), result);
+}
+
 void assignDouble(double number, Text& result) {
   if (!std::isfinite(number)) fail(tarvo::kOverflow, u"valNumber");
-  if (number == 0) number = 0;  // takes the sign off a zero
-  std::array<char, kLongestDouble> digits;
-  const std::to_chars_result end =
-      std::to_chars(digits.data(), digits.data() + digits.size(), number, std::chars_format::fixed);
-  if (end.ec != std::errc()) fail(tarvo::kOverflow, u"valNumber");
-  result.assign(digits.data(), end.ptr);
-  const std::size_t mark = result.find(u'.');
-  if (mark != Text::npos) result[mark] = kDecimalMark;
+  assignSigned(number < 0, result);
+  appendPlain(fewestDigits(std::fabs(number)), result);
 }
 
 void assignNumericText(TextView text, Text& result) {

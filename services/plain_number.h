@@ -8,7 +8,7 @@ namespace LibTarvoCI {
 
 // Replaces `result` by the number's plain text.
 //   whole numbers, amounts   exactly
-//   double                   the shortest decimals that read back as the same number; -0 is "0"
+//   double                   rounded to the fewest digits that read back as it; -0 is "0"
 //   numeric text             its digits without what does not count: "+", zeros at either end
 //   Empty                    "0"
 // Raises: 6 for a double that is no number or infinite; 13 for any other kind of value, booleans,

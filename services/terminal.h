@@ -1,4 +1,4 @@
-// Whether a person can be asked.
+// Whether a person can be asked.  One file per platform answers (posix, win32); the build chooses.
 #pragma once
 
 namespace LibTarvoCI {

@@ -17,7 +17,7 @@ struct modRDPGlobalValues {
   modRDPGlobalValues();
   ~modRDPGlobalValues();
 
-  static modRDPGlobalValues& ofThisThread() noexcept;
+  static modRDPGlobalValues& ofThisThread();
 
   // Whether any reference is set: what the set holds is needed as long as the thread lives.
   bool holdsAny() const noexcept;

@@ -57,12 +57,22 @@ RunTimeError::RunTimeError(std::int32_t number, TextView about)
     : RunTimeError(number, ownError(describeAbout(number, about))) {}
 
 RunTimeError::RunTimeError(std::int32_t number, Details details)
-    : number_(number),
-      details_(std::move(details)),
-      lastDllError_(lastSystemError()),
-      what_(std::to_string(number) + " " + toUtf8(details_.description)) {}
+    : RunTimeError(number, std::move(details), lastSystemError()) {}
 
-RunTimeError currentRunTimeError() noexcept {
+RunTimeError::RunTimeError(std::int32_t number, Details details, std::int32_t lastDllError) {
+  std::string what = std::to_string(number) + " " + toUtf8(details.description);
+  content_ = std::make_shared<const Content>(
+      Content{number, std::move(details), lastDllError, std::move(what)});
+}
+
+// At load time no thread has values yet, so there is no system error to ask for.
+const RunTimeError RunTimeError::kMemoryIsExhausted(kOutOfMemory,
+                                                    ownError(describeErrorNumber(kOutOfMemory)), 0);
+
+namespace {
+
+// May fail for want of memory itself.
+RunTimeError classifyCurrentException() {
   try {
     throw;
   } catch (const RunTimeError& error) {
@@ -76,10 +86,18 @@ RunTimeError currentRunTimeError() noexcept {
   }
 }
 
-std::int32_t lastSystemError() noexcept { return ThreadValues::ofThisThread().lastSystemError; }
+}  // namespace
 
-void setLastSystemError(std::int32_t code) noexcept {
-  ThreadValues::ofThisThread().lastSystemError = code;
+RunTimeError currentRunTimeError() noexcept {
+  try {
+    return classifyCurrentException();
+  } catch (const std::bad_alloc&) {
+    return RunTimeError::kMemoryIsExhausted;
+  }
 }
+
+std::int32_t lastSystemError() { return ThreadValues::ofThisThread().lastSystemError; }
+
+void setLastSystemError(std::int32_t code) { ThreadValues::ofThisThread().lastSystemError = code; }
 
 }  // namespace tarvo

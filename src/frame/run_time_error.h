@@ -10,6 +10,7 @@
 
 #include <cstdint>
 #include <exception>
+#include <memory>
 #include <string>
 
 #include "frame/text.h"
@@ -54,23 +55,33 @@ class RunTimeError : public std::exception {
   };
   RunTimeError(std::int32_t number, Details details);
 
-  std::int32_t number() const noexcept { return number_; }
-  const Text& source() const noexcept { return details_.source; }
-  const Text& description() const noexcept { return details_.description; }
-  const Text& helpFile() const noexcept { return details_.helpFile; }
-  std::int32_t helpContext() const noexcept { return details_.helpContext; }
+  std::int32_t number() const noexcept { return content_->number; }
+  const Text& source() const noexcept { return content_->details.source; }
+  const Text& description() const noexcept { return content_->details.description; }
+  const Text& helpFile() const noexcept { return content_->details.helpFile; }
+  std::int32_t helpContext() const noexcept { return content_->details.helpContext; }
 
   // The system's error code of the last platform call before this error was raised.
-  std::int32_t lastDllError() const noexcept { return lastDllError_; }
+  std::int32_t lastDllError() const noexcept { return content_->lastDllError; }
 
   // Number and description in UTF-8, for logs and test output.
-  const char* what() const noexcept override { return what_.c_str(); }
+  const char* what() const noexcept override { return content_->what.c_str(); }
 
  private:
-  std::int32_t number_;
-  Details details_;
-  std::int32_t lastDllError_;
-  std::string what_;
+  struct Content {
+    std::int32_t number;
+    Details details;
+    std::int32_t lastDllError;
+    std::string what;
+  };
+
+  RunTimeError(std::int32_t number, Details details, std::int32_t lastDllError);
+
+  friend RunTimeError currentRunTimeError() noexcept;
+  static const RunTimeError kMemoryIsExhausted;  // made while there is memory
+
+  // Shared, so that an error can be copied while memory is short.
+  std::shared_ptr<const Content> content_;
 };
 
 // The exception being handled, as a run-time error: itself, 7 for exhausted memory, 51 with its
@@ -79,7 +90,7 @@ RunTimeError currentRunTimeError() noexcept;
 
 // The system's error code of the last platform call on this thread.  It is kept for the error
 // handlers alone; no code decides anything by it.
-std::int32_t lastSystemError() noexcept;
-void setLastSystemError(std::int32_t code) noexcept;
+std::int32_t lastSystemError();
+void setLastSystemError(std::int32_t code);
 
 }  // namespace tarvo

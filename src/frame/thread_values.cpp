@@ -25,7 +25,7 @@ Node* makeNode() {
 
 }  // namespace
 
-ThreadValues& ThreadValues::ofThisThread() noexcept {
+ThreadValues& ThreadValues::ofThisThread() {
   auto* values = static_cast<ThreadValues*>(platform::threadPointer());
   if (values == nullptr) {
     values = &makeNode()->values;
@@ -44,7 +44,7 @@ bool anyThreadHoldsServices() noexcept {
 modRDPGlobalValues::modRDPGlobalValues() = default;
 modRDPGlobalValues::~modRDPGlobalValues() = default;
 
-modRDPGlobalValues& modRDPGlobalValues::ofThisThread() noexcept {
+modRDPGlobalValues& modRDPGlobalValues::ofThisThread() {
   return ThreadValues::ofThisThread().services;
 }
 

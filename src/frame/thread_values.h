@@ -13,7 +13,7 @@ struct ThreadValues {
 
   // Made on a thread's first use.  It is not destroyed when the thread ends: the services of an
   // ended apartment must not be called any more, not even to let go of them.
-  static ThreadValues& ofThisThread() noexcept;
+  static ThreadValues& ofThisThread();
 };
 
 // The platform's one pointer per thread, empty on a new thread.

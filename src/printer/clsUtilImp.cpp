@@ -187,6 +187,6 @@ void clsUtilImp::writeMargined(TextView text, std::uint8_t leftMargin, TextView 
   sWriteToFileHandle(*line);
 }
 
-void clsUtilImp::recordSystemError() const noexcept { setLastSystemError(spooler_->lastError()); }
+void clsUtilImp::recordSystemError() const { setLastSystemError(spooler_->lastError()); }
 
 }  // namespace tarvo

@@ -219,7 +219,7 @@ class clsUtilImp final : public TrappedObject {
   void writeUnitsLine(std::int16_t groups);
   void writeTensLine(std::int16_t groups);
   Text numberText(const Value& number) const;
-  void recordSystemError() const noexcept;
+  void recordSystemError() const;
 
   Text printerName_;
   std::uint8_t maxLinPage_ = 0;

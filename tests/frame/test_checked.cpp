@@ -45,7 +45,7 @@ TYPED_TEST(Checked, SubtractsDownToTheLeastValue) {
 
 TYPED_TEST(Checked, MultipliesWithinTheRange) {
   using T = TypeParam;
-  constexpr T kHalf = this->kMost / 2;
+  constexpr T kHalf = TestFixture::kMost / 2;
   EXPECT_EQ(checkedMultiply(T{6}, T{7}), T{42});
   EXPECT_EQ(checkedMultiply(this->kMost, this->kOne), this->kMost);
   EXPECT_EQ(checkedMultiply(this->kMost, T{0}), T{0});

@@ -168,8 +168,8 @@ TEST_F(InitializePrintLibrary, LeavesTheOtherServicesAlone) {
 }
 
 TEST_F(InitializePrintLibrary, KeepsOneReferenceUntilALaterCallReplacesIt) {
-  const test::LifeCount first;
-  const test::LifeCount second;
+  test::LifeCount first;
+  test::LifeCount second;
   handOver(nullptr, make<test::Tracked<test::SilentUtReport>>(first));
   EXPECT_EQ(first.alive(), 1);
   handOver(nullptr, make<test::Tracked<test::SilentUtReport>>(second));

@@ -32,7 +32,7 @@ class References : public ::testing::Test {
   // Whatever a test did, nothing may be left over.
   ~References() override { EXPECT_EQ(life.alive(), 0); }
 
-  const test::LifeCount life;
+  test::LifeCount life;
 };
 
 TEST_F(References, AnObjectGoesWithItsOnlyReference) {

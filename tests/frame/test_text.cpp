@@ -8,7 +8,7 @@
 namespace tarvo {
 namespace {
 
-using namespace std::string_literals;
+using namespace std::literals;
 
 constexpr char16_t kReplacement = 0xFFFD;
 
@@ -113,6 +113,8 @@ TEST(Text, EachBadByteOfUtf8IsReplacedByItself) {
       {"past the last character", "\xF4\x90\x80\x80", u"\xFFFD\xFFFD\xFFFD\xFFFD"},
       {"far past the last character", "\xF7\xBF\xBF\xBF", u"\xFFFD\xFFFD\xFFFD\xFFFD"},
       {"lead byte of five", "\xF8\x88\x80\x80\x80", u"\xFFFD\xFFFD\xFFFD\xFFFD\xFFFD"},
+      {"lead byte of five before three tails", "\xF9\x88\x80\x80", u"\xFFFD\xFFFD\xFFFD\xFFFD"},
+      {"lead byte of six before three tails", "\xFC\x80\x80\x80", u"\xFFFD\xFFFD\xFFFD\xFFFD"},
       {"byte FE", "\xFE", u"\xFFFD"},
       {"byte FF", "\xFF", u"\xFFFD"},
   };
@@ -122,8 +124,8 @@ TEST(Text, EachBadByteOfUtf8IsReplacedByItself) {
   }
 }
 
-TEST(Text, EveryCutOfAnUtf8SequenceIsReplaced) {
-  for (const std::string whole : {"\xC3\xB1", "\xE2\x82\xAC", "\xF0\x9F\x98\x80"}) {
+TEST(Text, EveryCutOfAnUtf8SequenceIsReplacedWhateverStandsBehindTheCut) {
+  for (const std::string_view whole : {"\xC3\xB1", "\xE2\x82\xAC", "\xF0\x9F\x98\x80"}) {
     for (std::size_t kept = 1; kept < whole.size(); ++kept) {
       EXPECT_EQ(fromUtf8(whole.substr(0, kept)), Text(kept, kReplacement)) << kept;
     }
@@ -140,7 +142,7 @@ TEST(Text, NamesAreEqualWithoutRegardToPlainCase) {
   const struct {
     const char* shows;
     Text a;
-    std::string b;
+    std::string_view b;
     bool equal;
   } rows[] = {
       {"the same", u"sWrite", "sWrite", true},
@@ -151,11 +153,12 @@ TEST(Text, NamesAreEqualWithoutRegardToPlainCase) {
       {"another letter", u"sWrite", "sWritf", false},
       {"shorter", u"sWrit", "sWrite", false},
       {"longer", u"sWriteLn", "sWrite", false},
+      {"longer, as far as the storage goes", u"sWriteLn", "sWriteLn"sv.substr(0, 6), false},
       {"the marks before the letters", u"@", "`", false},
       {"the marks after the letters", u"[", "{", false},
       {"a letter beyond the plain ones that ends like one", u"\x0141", "A", false},
       {"a sign that is a capital K elsewhere", u"\x212A", "k", false},
-      {"character 0 counts", u"a\0b"s, "a\0c"s, false},
+      {"character 0 counts", u"a\0b"s, "a\0c"sv, false},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.shows);

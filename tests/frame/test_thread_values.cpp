@@ -97,7 +97,7 @@ TEST_F(PerThread, ASetHoldsSomethingWhenAnyOfItsReferencesIsSet) {
 }
 
 TEST_F(PerThread, ServicesOfAnEndedThreadAreStillHeld) {
-  const test::LifeCount life;
+  test::LifeCount life;
   modRDPGlobalValues* others = nullptr;
   onAnotherThread([&] {
     others = &modRDPGlobalValues::ofThisThread();

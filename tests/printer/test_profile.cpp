@@ -4,7 +4,7 @@
 #include <type_traits>
 
 #include "equipment/show_arguments.h"
-#include "printer/clsUtilImp.h"
+#include "printer/clsUtilImp_members.h"
 
 namespace tarvo::test {
 namespace {
@@ -109,6 +109,29 @@ TEST(Profile, HasTwentySixPropertiesOfThreeTypes) {
   EXPECT_EQ(texts, 23);
   EXPECT_EQ(numbers, 2);
   EXPECT_EQ(booleans, 1);
+}
+
+// The interface begins with the properties, in the order of the list above.
+TEST(Profile, IsTheFirstPartOfTheInterface) {
+  const auto members = Described<clsUtilImp>::info.members;
+  ASSERT_GT(members.size(), 2 * std::size(kProperties));
+  std::size_t slot = 0;
+  for (const Property& property : kProperties) {
+    TypeKind kind = TypeKind::kText;
+    if (property.fresh.tryGet<std::uint8_t>() != nullptr) kind = TypeKind::kByte;
+    if (property.fresh.tryGet<bool>() != nullptr) kind = TypeKind::kBoolean;
+    const MemberInfo& get = members[slot++];
+    const MemberInfo& set = members[slot++];
+    EXPECT_EQ(get.fullName(), std::string("Get") + property.name);
+    EXPECT_EQ(get.result.kind, kind) << property.name;
+    EXPECT_TRUE(get.parameters.empty()) << property.name;
+    EXPECT_EQ(set.fullName(), std::string("Set") + property.name);
+    EXPECT_EQ(set.result.kind, TypeKind::kNone) << property.name;
+    ASSERT_EQ(set.parameters.size(), 1u) << property.name;
+    EXPECT_STREQ(set.parameters[0].name, "valNewValue");
+    EXPECT_EQ(set.parameters[0].type.kind, kind) << property.name;
+    EXPECT_FALSE(set.parameters[0].byReference) << property.name;
+  }
 }
 
 TEST(Profile, KeepsACopy) {

@@ -5,7 +5,6 @@
 
 #include "client.h"
 
-
 namespace tarvo::client {
 
 std::wstring productFolder() {
@@ -31,16 +30,11 @@ Function Server::entry(const char* name) const {
 }
 
 HRESULT Server::getClassObject(const CLSID& classId, const IID& id, void** result) const {
-  const auto function =
-      entry<HRESULT(WINAPI*)(REFCLSID, REFIID, void**)>("DllGetClassObject");
+  const auto function = entry<HRESULT(WINAPI*)(REFCLSID, REFIID, void**)>("DllGetClassObject");
   return function == nullptr ? E_FAIL : function(classId, id, result);
 }
-HRESULT Server::canUnloadNow() const {
-  return entry<HRESULT(WINAPI*)()>("DllCanUnloadNow")();
-}
-HRESULT Server::registerServer() const {
-  return entry<HRESULT(WINAPI*)()>("DllRegisterServer")();
-}
+HRESULT Server::canUnloadNow() const { return entry<HRESULT(WINAPI*)()>("DllCanUnloadNow")(); }
+HRESULT Server::registerServer() const { return entry<HRESULT(WINAPI*)()>("DllRegisterServer")(); }
 HRESULT Server::unregisterServer() const {
   return entry<HRESULT(WINAPI*)()>("DllUnregisterServer")();
 }
@@ -107,8 +101,8 @@ std::string takeErrorText() {
 }
 
 std::string readFile(const std::wstring& path) {
-  const HANDLE file = CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr,
-                                  OPEN_EXISTING, 0, nullptr);
+  const HANDLE file =
+      CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
   if (file == INVALID_HANDLE_VALUE) return "(missing)";
   std::string content(GetFileSize(file, nullptr), '\0');
   DWORD read = 0;

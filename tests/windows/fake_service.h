@@ -1,5 +1,5 @@
-// A service object from outside, made by hand: it answers by name only, the way a script object does,
-// and records what it sees.
+// A service object from outside, made by hand: it answers by name only, the way a script object
+// does, and records what it sees.
 #pragma once
 
 #include <functional>

@@ -30,8 +30,8 @@ class EarlyBound : public testing::Test {
   std::wstring openJob(const wchar_t* name) {
     const std::wstring path = temporaryPath(name);
     const Bstr printerName(u"file:" + Text(com::fromWide(path.c_str())));
-    EXPECT_EQ(S_OK, printer_->sInitializePrinterFileHandle(printerName.get(),
-                                                           Bstr(u"document").get()));
+    EXPECT_EQ(S_OK,
+              printer_->sInitializePrinterFileHandle(printerName.get(), Bstr(u"document").get()));
     return path;
   }
 
@@ -97,9 +97,8 @@ TEST_F(EarlyBound, AnOverflowArrivesAsItsClassicStatusWithTheTrail) {
   const std::wstring path = openJob(L"tarvo-overflow.prn");
   SetErrorInfo(0, nullptr);
   EXPECT_EQ(kClassicOverflow, printer_->sPrintVerticalRule(5462, VARIANT_FALSE));
-  EXPECT_EQ(
-      "LibTarvoRdpCI|Overflow\r\n   en clsUtilImp.sPrintVerticalRule (Lib. Impresión Texto)",
-      takeErrorText());
+  EXPECT_EQ("LibTarvoRdpCI|Overflow\r\n   en clsUtilImp.sPrintVerticalRule (Lib. Impresión Texto)",
+            takeErrorText());
   printer_->sClosePrinterFileHandle();
 }
 
@@ -145,8 +144,8 @@ TEST_F(EarlyBound, CurrencyDateVariantAndArrayTravelWhole) {
   CY amount;
   amount.int64 = -12345678;
   Bstr field;
-  ASSERT_EQ(S_OK, services_.convert->fFormatNumberDotComma(amount, 12, 2, VARIANT_TRUE,
-                                                           field.out()));
+  ASSERT_EQ(S_OK,
+            services_.convert->fFormatNumberDotComma(amount, 12, 2, VARIANT_TRUE, field.out()));
   EXPECT_EQ("  (1.234,57)", utf8(field.view()));
   Bstr day;
   ASSERT_EQ(S_OK, services_.utilDate->fDefaultDateText(2.0, day.out()));
@@ -207,11 +206,9 @@ TEST_F(EarlyBound, TellsItsClass) {
 
 TEST_F(EarlyBound, CannotBeAggregatedNorFoundUnderAnotherIdentifier) {
   ComPtr<IClassFactory> factory;
-  ASSERT_EQ(S_OK, library().getClassObject(CLSID_clsUtilImp, IID_IClassFactory,
-                                           factory.outVoid()));
+  ASSERT_EQ(S_OK, library().getClassObject(CLSID_clsUtilImp, IID_IClassFactory, factory.outVoid()));
   void* object = &factory;
-  EXPECT_EQ(CLASS_E_NOAGGREGATION,
-            factory->CreateInstance(printer_.get(), IID_IUnknown, &object));
+  EXPECT_EQ(CLASS_E_NOAGGREGATION, factory->CreateInstance(printer_.get(), IID_IUnknown, &object));
   EXPECT_EQ(nullptr, object);
   void* other = &factory;
   EXPECT_EQ(CLASS_E_CLASSNOTAVAILABLE,

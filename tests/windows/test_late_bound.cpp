@@ -217,8 +217,9 @@ TEST_F(LateBound, OnlyMethodsAreThere) {
   Variant result;
   EXPECT_EQ(S_OK, invoke(printer_.get(), id, none, &result, DISPATCH_METHOD).status);
   Variant again;
-  EXPECT_EQ(S_OK, invoke(printer_.get(), id, none, &again,
-                         DISPATCH_METHOD | DISPATCH_PROPERTYGET).status);
+  EXPECT_EQ(
+      S_OK,
+      invoke(printer_.get(), id, none, &again, DISPATCH_METHOD | DISPATCH_PROPERTYGET).status);
   EXPECT_EQ(DISP_E_MEMBERNOTFOUND,
             invoke(printer_.get(), id, none, nullptr, DISPATCH_PROPERTYPUT).status);
   for (const DISPID stranger : {0, -3, 5000}) {
@@ -228,9 +229,8 @@ TEST_F(LateBound, OnlyMethodsAreThere) {
 
 TEST_F(LateBound, AForeignInterfaceIdentifierIsRefused) {
   DISPPARAMS none{};
-  EXPECT_EQ(DISP_E_UNKNOWNINTERFACE,
-            printer_->Invoke(1, IID_IUnknown, 0, DISPATCH_METHOD, &none, nullptr, nullptr,
-                             nullptr));
+  EXPECT_EQ(DISP_E_UNKNOWNINTERFACE, printer_->Invoke(1, IID_IUnknown, 0, DISPATCH_METHOD, &none,
+                                                      nullptr, nullptr, nullptr));
 }
 
 TEST_F(LateBound, ARunTimeErrorArrivesWithItsDescription) {

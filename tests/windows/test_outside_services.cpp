@@ -97,8 +97,7 @@ TEST_F(OutsideServices, AnErrorServiceByNameSeesAllNineArgumentsAtEveryLevel) {
   services_.error = asService<_clsError>();
   services_.convert = ComPtr<_clsConvert>();
   handOver();
-  EXPECT_EQ(static_cast<HRESULT>(0x800A005B),
-            printer_->sPrintHorizontalRule(VARIANT_FALSE, 1, 1));
+  EXPECT_EQ(static_cast<HRESULT>(0x800A005B), printer_->sPrintHorizontalRule(VARIANT_FALSE, 1, 1));
   EXPECT_EQ("LibTarvoRdpCI|level 1", takeErrorText());
   EXPECT_THAT(seen, testing::ElementsAre(
                         "\"Object variable not set\", \"clsUtilImp\", \"sPrintHorizontalRule\", "
@@ -139,8 +138,8 @@ TEST_F(OutsideServices, AnOperationThatIsNotOfferedIsError438WhenItIsCalled) {
   services_.texto = asService<_clsTexto>();
   handOver();  // not before
   EXPECT_EQ(static_cast<HRESULT>(0x800A01B6), printer_->sWrite(Bstr(u"x").get(), 0));
-  EXPECT_THAT(takeErrorText(), testing::HasSubstr(
-                                   "Object doesn't support this property or method: fReplaceAll"));
+  EXPECT_THAT(takeErrorText(),
+              testing::HasSubstr("Object doesn't support this property or method: fReplaceAll"));
 }
 
 TEST_F(OutsideServices, ATextOfAnotherKindIsCoercedAndAnObjectIsNot) {

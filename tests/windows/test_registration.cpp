@@ -6,8 +6,7 @@
 namespace tarvo::client {
 namespace {
 
-constexpr wchar_t kClassKey[] =
-    L"Software\\Classes\\CLSID\\{6EBE584D-9189-4448-8733-932D5F4DAD12}";
+constexpr wchar_t kClassKey[] = L"Software\\Classes\\CLSID\\{6EBE584D-9189-4448-8733-932D5F4DAD12}";
 
 // A key's default value; "(none)" when the key is not there.
 std::string valueOf(HKEY root, const std::wstring& path, const wchar_t* name = nullptr) {
@@ -66,7 +65,9 @@ class Registration : public testing::Test {
     CoUninitialize();
   }
 
-  std::string key(HKEY root, const wchar_t* sub) { return valueOf(root, kClassKey + std::wstring(sub)); }
+  std::string key(HKEY root, const wchar_t* sub) {
+    return valueOf(root, kClassKey + std::wstring(sub));
+  }
 };
 
 TEST_F(Registration, ForTheMachineWritesEveryKey) {

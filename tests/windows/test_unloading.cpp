@@ -59,7 +59,9 @@ void oneRound(int round, const Bstr& printerName) {
   _clsUtilImp* channel = printer.get();
   _clsUtReport* report = services.utReport.get();
   startUp->sInitializePrintLibrary(&channel, &report);
-  printer->SetChrBold(Bstr(u"\x1b" u"E").get());
+  printer->SetChrBold(Bstr(u"\x1b"
+                           u"E")
+                          .get());
   if (round % kRoundsPerJob == 0) {
     printer->sInitializePrinterFileHandle(printerName.get(), Bstr(u"round").get());
   }

@@ -59,8 +59,8 @@ Destination findDestination(http_t* connection, const std::string& name) {
   const std::size_t slash = name.find('/');
   const std::string queue = name.substr(0, slash);
   const std::string instance = slash == std::string::npos ? "" : name.substr(slash + 1);
-  // Without a name the default queue would answer; what follows a character 0 would be ignored.
-  if (queue.empty() || name.find('\0') != std::string::npos) return nullptr;
+  // What follows a character 0 would be ignored.
+  if (name.find('\0') != std::string::npos) return nullptr;
   Destination found(
       cupsGetNamedDest(connection, queue.c_str(), instance.empty() ? nullptr : instance.c_str()));
   // A printer that was only seen in the network has no queue to put jobs in.

@@ -16,9 +16,9 @@
 //
 // openPrinter answers false for an unknown queue and when the server is away.
 //
-// lastError(): errno's code (below 1024) for the temporary file and for calls out of order, else the
-// status of the print protocol: 1030 for an unknown queue, 1282 for a server that is away, or what
-// the server answered.
+// lastError(): errno's code (below 1024) for the temporary file and for calls out of order, else
+// the status of the print protocol: 1030 for an unknown queue, 1282 for a server that is away, or
+// what the server answered.
 #pragma once
 
 #include "printer/spooler.h"

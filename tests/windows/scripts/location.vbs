@@ -1,39 +1,49 @@
-'uses checks.vbs start.vbs recorders.vbs
-' The library looks where it was loaded from.  Argument: the location code that it has to tell, or 0.
-Dim recording, code, expected
-code = CInt(WScript.Arguments(1))
-Set recording = New RecordingMessage
-Set messageService = recording
-Set errorService = New RecordingError
-HandOver
+'uses checks.vbs recorders.vbs
+' The library looks where it was loaded from.  Arguments: files of the library, and behind each the
+' location code that it has to tell, or 0.  They are registered and loaded one after the other.
+Dim place
+For place = 1 To WScript.Arguments.Count - 1 Step 2
+  CheckLocation WScript.Arguments(place), CInt(WScript.Arguments(place + 1))
+Next
+Finish 4 * (WScript.Arguments.Count - 1)
 
-expected = ""
-If code <> 0 Then expected = "fWarnLocation ""LibTarvoRdpCI"", Integer " & code & vbLf
-Check "the answer is False", start.fCheckDllPathSendMsgAndReturnFalseIfCantExecute, False
-Check "the warning", recording.calls, expected
+Sub CheckLocation(fileName, code)
+  On Error Resume Next
+  Dim start, message, failures, expected, answer
+  Check fileName & ": is registered", CreateObject("WScript.Shell").Run( _
+      "regsvr32 /s """ & fileName & """", 0, True), CLng(0)
+  Set start = CreateObject("LibTarvoRdpCI.clsInitLibTarvoRpd")
+  Set message = New RecordingMessage
+  Set failures = New RecordingError
+  start.sInitializeInternalGlobalClasses failures, message, Nothing, Nothing, Nothing, Nothing, _
+      Nothing, Nothing, Nothing, Nothing
 
-recording.calls = ""
-recording.answer = False
-Check "after a refusal too", start.fCheckDllPathSendMsgAndReturnFalseIfCantExecute, False
-Check "every call warns", recording.calls, expected
-recording.calls = ""
-recording.answer = "quizás"
+  expected = ""
+  If code <> 0 Then expected = "fWarnLocation ""LibTarvoRdpCI"", Integer " & code & vbLf
+  Check fileName & ": answer", start.fCheckDllPathSendMsgAndReturnFalseIfCantExecute, False
+  Check fileName & ": warning", message.calls, expected
+  message.calls = ""
+  message.answer = False
+  Check fileName & ": answer after a refusal", _
+      start.fCheckDllPathSendMsgAndReturnFalseIfCantExecute, False
+  Check fileName & ": every call warns", message.calls, expected
 
-On Error Resume Next
-Dim answer
-answer = start.fCheckDllPathSendMsgAndReturnFalseIfCantExecute
-If code = 0 Then
-  CheckNoError "nobody is asked"
-Else
-  CheckError "an answer that is no truth value", 13, "Type mismatch", "LibTarvoRdpCI"
-End If
-Set messageService = Nothing
-HandOver
-answer = start.fCheckDllPathSendMsgAndReturnFalseIfCantExecute
-If code = 0 Then
-  CheckNoError "no message service is needed"
-Else
-  CheckError "without a message service", 91, "Object variable not set", "LibTarvoRdpCI"
-End If
-Check "this operation has no error handler", errorService.trail, ""
-Finish 7
+  message.answer = "quizás"
+  answer = start.fCheckDllPathSendMsgAndReturnFalseIfCantExecute
+  If code = 0 Then
+    CheckNoError fileName & ": nobody is asked"
+  Else
+    CheckError fileName & ": an answer that is no truth value", 13, "Type mismatch", _
+        "LibTarvoRdpCI"
+  End If
+  start.sInitializeInternalGlobalClasses failures, Nothing, Nothing, Nothing, Nothing, Nothing, _
+      Nothing, Nothing, Nothing, Nothing
+  answer = start.fCheckDllPathSendMsgAndReturnFalseIfCantExecute
+  If code = 0 Then
+    CheckNoError fileName & ": no message service is needed"
+  Else
+    CheckError fileName & ": without a message service", 91, "Object variable not set", _
+        "LibTarvoRdpCI"
+  End If
+  Check fileName & ": the operation has no error handler", failures.trail, ""
+End Sub

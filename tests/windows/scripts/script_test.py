@@ -1,4 +1,4 @@
-"""What the script tests stand on: runs scripts under Wine as a client's scripts run, and judges them.
+"""What the script tests stand on: runs scripts under Wine as clients do, and judges them.
 
 A script is made of files, put one after the other: those named in its first line, from parts/, and
 then itself.
@@ -7,8 +7,8 @@ then itself.
 
 It gets the name of its report as its first argument.  The report has one line for each check, and
 at its end their number (parts/checks.vbs, parts/checks.js).  A script has passed when it ended with
-exit code 42, which it does at its very end, and its report is complete and without a failure: Wine's
-script host ends with 0, and says nothing, when a script dies of an error.
+exit code 42, which it does at its very end, and its report is complete and without a failure:
+Wine's script host ends with 0, and says nothing, when a script dies of an error.
 
 Sources are UTF-8 here; the script host takes them in the system's code page.
 
@@ -38,11 +38,14 @@ class Skip(Exception):
 
 
 class Script:
-    """A script with its arguments; FILE is beside this module."""
+    """A script with its arguments.  FILE counts from this module's folder; RUNNER is a program that
+    starts the script, with the command for it behind its own arguments, and ends with its exit
+    code."""
 
-    def __init__(self, file, *arguments):
-        self.file = file
+    def __init__(self, file, *arguments, runner=()):
+        self.file = HERE / file
         self.arguments = arguments
+        self.runner = [str(word) for word in runner]
 
 
 class Test:
@@ -62,21 +65,17 @@ class Test:
         folder.mkdir(parents=True, exist_ok=True)
         return folder
 
-    def run_scripts(self, *steps, options=(), register=None):
-        """Runs scripts one after the other in one fresh prefix in which both servers are registered.
-        A step that is a text is a shell command between them."""
-        if register is None:
-            register = (self.library, self.companion)
-        runs = [self._prepare(number, step) if isinstance(step, Script) else step
-                for number, step in enumerate(steps)]
+    def run_scripts(self, *scripts, options=()):
+        """Runs scripts one after the other in one fresh prefix, with both servers registered."""
+        runs = [self._prepare(number, script) for number, script in enumerate(scripts)]
         command = [str(TESTS / "equipment/wine/run.sh"), self.bits, "--timeout", "60",
                    "--visible", str(self.folder)]
-        for server in register:
+        for server in (self.library, self.companion):
             command += ["--register", str(server)]
         command += [str(option) for option in options]
         for run in runs[:-1]:
-            command += ["--before", run if isinstance(run, str) else run.shell_command()]
-        command += ["--", str(runs[-1].file), *runs[-1].arguments]
+            command += ["--before", run.shell_command()]
+        command += ["--", *runs[-1].command()]
         # With this, Wine's script engines say where a script is not in their language.
         environment = {"TARVO_WINE_LOG": "-all,fixme+vbscript,fixme+jscript", **os.environ}
         result = subprocess.run(command, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
@@ -86,40 +85,43 @@ class Test:
             raise Skip(result.stdout.strip())
         failures = []
         for run in runs:
-            if not isinstance(run, str):
-                failures += run.judge()
+            failures += run.judge()
         if result.returncode != SUCCESS:
             failures.append(f"exit code {result.returncode} instead of {SUCCESS}")
         if failures:
             raise Failure("\n".join([*failures, *said_by_wine(result.stdout)]))
 
     def _prepare(self, number, script):
-        source = (HERE / script.file).read_text("utf-8")
+        source = script.file.read_text("utf-8")
         first_line = source.split("\n", 1)[0]
         marker, _, names = first_line.partition("uses ")
         if marker not in ("'", "//"):
-            raise Failure(f"{script.file}: its first line does not say which parts it uses")
+            raise Failure(f"{script.file.name}: its first line does not say which parts it uses")
         parts = [(HERE / "parts" / name).read_text("utf-8") for name in names.split()]
         folder = self.subfolder("scripts")
-        name = f"{number}-{script.file}"
+        name = f"{number}-{script.file.name}"
         whole = folder / name
         text = "".join([*parts, source]).replace("\n", "\r\n")
         whole.write_bytes(text.encode("cp1252"))
-        return Prepared(script.file, whole, folder / f"{name}.report", script.arguments)
+        return Prepared(script, whole, folder / f"{name}.report")
 
 
 class Prepared:
     """A script that is ready to run."""
 
-    def __init__(self, name, file, report, arguments):
-        self.name = name
-        self.file = file
+    def __init__(self, script, file, report):
+        self.name = script.file.name
         self.report = report
-        self.arguments = [windows_path(report), *(str(argument) for argument in arguments)]
+        self._runner = script.runner
+        self._words = ["cscript", "//nologo", windows_path(file), windows_path(report),
+                       *(str(argument) for argument in script.arguments)]
+
+    def command(self):
+        """For Wine."""
+        return [*self._runner, *self._words]
 
     def shell_command(self):
-        words = ["wine", "cscript", "//nologo", windows_path(self.file), *self.arguments]
-        return f"{shlex.join(words)}; test $? -eq {SUCCESS}"
+        return f"{shlex.join(['wine', *self.command()])}; test $? -eq {SUCCESS}"
 
     def judge(self):
         """What is wrong with the report, as lines; says on the standard output what is right."""
@@ -132,8 +134,8 @@ class Prepared:
             number = int(lines[-1].split()[1])
             checks = len(lines) - 1
             if number != checks:
-                failures.append(f"{self.name}: made {checks} checks, but has {number}: the error of "
-                                "a skipped one was ignored")
+                failures.append(f"{self.name}: made {checks} checks, but has {number}: the error "
+                                "of a skipped one was ignored")
             elif not failures:
                 print(f"{self.name}: {checks} checks")
         else:

@@ -20,8 +20,8 @@ def private_cups(*arguments):
 
 @contextlib.contextmanager
 def print_server(jobs):
-    """The socket of a server whose jobs come to the folder.  It lives as long as a pipe from here is
-    open, so it ends with this program, however that ends."""
+    """The socket of a server whose jobs come to the folder.  It lives as long as a pipe from here
+    is open, so it ends with this program, however that ends."""
     command = [PRIVATE_CUPS, "run", jobs, "--", "sh", "-c", 'echo "$CUPS_SERVER" && exec cat']
     with subprocess.Popen(command, stdin=subprocess.PIPE, stdout=subprocess.PIPE,
                           text=True) as server:

@@ -6,12 +6,12 @@ import tempfile
 import script_test
 from script_test import Script, windows_path
 
-# Folders, and the code of each.  Case counts, the whole name counts, and "backup" goes first.
+# Folders, and the code of each.  Case counts, the whole name counts, and "backup" goes first.  (No
+# two differ in case alone: the system would take them for one.)
 FOLDERS = (
-    ("copia", 0),
-    ("Backup", 0),
-    ("backup-2", 0),
-    ("PRUEBA", 0),
+    ("copia nº 1", 0),
+    ("mayúscula/Backup", 0),
+    ("prueba 2", 0),
     ("backup", 2),
     ("prueba", 1),
     ("backup/prueba", 2),
@@ -22,16 +22,14 @@ FOLDERS = (
 def test(test):
     # Outside the build, whose own path may have any name in it.
     with tempfile.TemporaryDirectory(prefix="tarvo-location.") as root:
-        steps = [Script("version.vbs", test.version)]
+        copies = []
         for name, code in FOLDERS:
             copy = pathlib.Path(root, name, test.library.name)
             copy.parent.mkdir(parents=True, exist_ok=True)
             shutil.copy(test.library, copy)
-            steps.append(f"wine regsvr32 /s '{windows_path(copy)}'")
-            steps.append(Script("location.vbs", code))
-        steps.append(f"wine regsvr32 /s /u '{windows_path(test.companion)}'")
-        steps.append(Script("version_without_companion.vbs"))
-        test.run_scripts(*steps)
+            copies += [windows_path(copy), code]
+        test.run_scripts(Script("location.vbs", *copies),
+                         Script("version.vbs", test.version, windows_path(test.companion)))
 
 
 if __name__ == "__main__":
