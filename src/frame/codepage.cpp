@@ -27,10 +27,29 @@ std::size_t countBlocks(const CodePage::Characters& characters) {
   return 1 + static_cast<std::size_t>(std::count(used.begin(), used.end(), true));
 }
 
+bool keepsAscii(const CodePage::Characters& characters) {
+  for (unsigned byte = 0; byte < 0x80; ++byte) {
+    if (characters[byte] != byte) return false;
+  }
+  return true;
+}
+
+// Small enough for a line of print to have several, large enough for one machine instruction or
+// two.
+constexpr std::size_t kPiece = 16;
+
+bool isAscii(const char16_t* piece) {
+  char16_t all = 0;
+  for (std::size_t i = 0; i < kPiece; ++i) all = static_cast<char16_t>(all | piece[i]);
+  return all < 0x80;
+}
+
 }  // namespace
 
 CodePage::CodePage(const Characters& characters)
-    : characters_(characters), blocks_(new Block[countBlocks(characters)]) {
+    : characters_(characters),
+      keepsAscii_(keepsAscii(characters)),
+      blocks_(new Block[countBlocks(characters)]) {
   blocks_[0].fill(kUnknown);
   for (unsigned byte = 256; byte-- > 0;) {
     const char16_t character = characters_[byte];
@@ -65,8 +84,18 @@ const CodePage& CodePage::ofSystem() {
 
 void CodePage::encode(TextView text, std::string& bytes) const {
   bytes.resize(text.size());
+  const char16_t* in = text.data();
   char* out = bytes.data();
-  for (const char16_t character : text) *out++ = static_cast<char>(encode(character));
+  std::size_t left = text.size();
+  // Most of what is printed is plain ASCII: whole pieces of it go without the table.
+  for (; left >= kPiece; left -= kPiece, in += kPiece, out += kPiece) {
+    if (keepsAscii_ && isAscii(in)) {
+      for (std::size_t i = 0; i < kPiece; ++i) out[i] = static_cast<char>(in[i]);
+    } else {
+      for (std::size_t i = 0; i < kPiece; ++i) out[i] = static_cast<char>(encode(in[i]));
+    }
+  }
+  for (std::size_t i = 0; i < left; ++i) out[i] = static_cast<char>(encode(in[i]));
 }
 
 void CodePage::decode(std::string_view bytes, Text& text) const {

@@ -52,6 +52,7 @@ class CodePage {
   Block& blockFor(char16_t character);
 
   Characters characters_;
+  bool keepsAscii_;  // the first 128 bytes are the characters of the same numbers
   // Two stages: the upper half of a character names a block, block 0 holds only "?".  A single-byte
   // code page reaches into a handful of blocks.
   std::array<std::uint16_t, 256> blockOf_{};

@@ -114,7 +114,7 @@ class Tidy:
 
     def run(self, path, model, checks):
         command = ["clang-tidy", "--quiet", "--checks=" + checks, str(path), "--", *model.options,
-                   "-Wno-unknown-warning-option"]
+                   "-Wno-unknown-warning-option", "-Wno-error"]
         result = subprocess.run(command, capture_output=True, text=True, cwd=model.directory)
         if result.returncode == 0:
             return ""
