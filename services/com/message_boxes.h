@@ -1,7 +1,7 @@
 // The message service as real message boxes.
 //
-// Captions: those that come with a message, else the companion's name.  A question has an accept and
-// a cancel button in the language of the system; closing it is cancelling.
+// Captions: those that come with a message, else the companion's name.  A question has an accept
+// and a cancel button in the language of the system; closing it is cancelling.
 #pragma once
 
 #include "frame/services.h"

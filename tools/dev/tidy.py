@@ -14,6 +14,7 @@ reported is what a source gives alone.
 """
 import argparse
 import concurrent.futures
+import functools
 import hashlib
 import itertools
 import json
@@ -25,7 +26,7 @@ import sys
 import tempfile
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
-ROOMS = ("src", "services", "tests", "tools", "samples")
+ROOMS = ("src", "services", "tests", "tools", "samples", "fuzz")
 LARGEST_GROUP = 8
 
 
@@ -54,6 +55,7 @@ def sources(build, parts):
     return [found[path] for path in sorted(found)]
 
 
+@functools.lru_cache
 def included_headers(build):
     """By object file, the project's files that it was compiled from, as ninja recorded them."""
     listing = subprocess.run(["ninja", "-C", build, "-t", "deps"], capture_output=True, text=True,

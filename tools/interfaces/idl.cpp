@@ -148,8 +148,8 @@ std::string assemblyManifest(const LibraryContent& content, bool is64Bit) {
       "  <file name=" +
       quoted(std::string(library.fileName) + ".dll") + ">\n";
   for (const ClassInfo* info : content.classes) {
-    out += "    <comClass clsid=\"{" + toString(classId(*info)) + "}\" progid=" +
-           quoted(info->progId()) + " tlbid=" + quoted(libid) +
+    out += "    <comClass clsid=\"{" + toString(classId(*info)) +
+           "}\" progid=" + quoted(info->progId()) + " tlbid=" + quoted(libid) +
            "\n              threadingModel=\"Apartment\" description=" + quoted(info->help) +
            "/>\n";
   }

@@ -1,8 +1,9 @@
 // The thread slot of the compiler's run-time library.
 //
 // Inside a DLL the run-time library keeps its state of exceptions in a thread slot of the process,
-// which it takes when the first exception is raised and does not give back when the DLL goes.  A host
-// that loads and unloads the server again and again would run out of slots after a thousand times.
+// which it takes when the first exception is raised and does not give back when the DLL goes.  A
+// host that loads and unloads the server again and again would run out of slots after a thousand
+// times.
 #pragma once
 
 namespace tarvo::com {
