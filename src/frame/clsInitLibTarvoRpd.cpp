@@ -72,7 +72,7 @@ void clsInitLibTarvoRpd::sSendDllVersionToLibTarvoCI() try {
   Text version = fDllVersionText();
   Ref<clsVersionRegistry> registry = makeVersionRegistry();
   registry->sRegisterVersion(version);
-  // The registry counts its instances; the announcement is complete with a fresh one.
+  // The announcement ends with a fresh registry, which goes at once: registries rely on both.
   registry = makeVersionRegistry();
 } catch (...) {
   trap("sSendDllVersionToLibTarvoCI");
@@ -81,8 +81,8 @@ void clsInitLibTarvoRpd::sSendDllVersionToLibTarvoCI() try {
 bool clsInitLibTarvoRpd::fCheckDllPathSendMsgAndReturnFalseIfCantExecute() {
   const LocationCode code = locationCodeOf(applicationFolder() + u"\\");
   if (code == kElsewhere) return false;
-  const bool accepted =
-      modRDPGlobalValues::ofThisThread().refInsMessage->fWarnLocation(application().title, code);
+  const Ref<clsMessage> messages = modRDPGlobalValues::ofThisThread().refInsMessage;
+  const bool accepted = messages->fWarnLocation(application().title, code);
   // Only the code 0 would let the user's answer count, and no folder has it: the contract is False.
   return accepted && static_cast<std::int16_t>(code) == 0;
 }

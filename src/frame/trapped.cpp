@@ -10,9 +10,11 @@ namespace {
 Text describeThroughService(const RunTimeError& error, const ErrorIdentity& identity,
                             const char* procedure) {
   Text description;
-  modRDPGlobalValues::ofThisThread().refInsError->fDescribeError(
-      error.description(), identity.className, fromAscii(procedure), identity.moduleDescription,
-      identity.kind, error.helpContext(), error.helpFile(), error.lastDllError(), 0, description);
+  // A reference of the call's own: a service may replace the services while it works.
+  const Ref<clsError> errors = modRDPGlobalValues::ofThisThread().refInsError;
+  errors->fDescribeError(error.description(), identity.className, fromAscii(procedure),
+                         identity.moduleDescription, identity.kind, error.helpContext(),
+                         error.helpFile(), error.lastDllError(), 0, description);
   return description;
 }
 

@@ -46,7 +46,8 @@ class LetterReplacements {
   std::array<clsTexto::Replacement, kPrinterLetters.size()> replacements_{};
 };
 
-clsTexto& texto() { return *modRDPGlobalValues::ofThisThread().refInsTexto; }
+// A reference of the call's own: a service may replace the services while it works.
+Ref<clsTexto> texto() { return modRDPGlobalValues::ofThisThread().refInsTexto; }
 
 }  // namespace
 
@@ -122,7 +123,8 @@ void clsUtilImp::sOpenPrinterAndStartJob(TextView name, TextView documentName) t
   recordSystemError();
   if (!opened) {
     Text message = u"No se reconoce el nombre de la impresora: " + Text(name);
-    modRDPGlobalValues::ofThisThread().refInsMessage->sShowMessage(message);
+    const Ref<clsMessage> messages = modRDPGlobalValues::ofThisThread().refInsMessage;
+    messages->sShowMessage(message);
     return;
   }
   document_ = {Text(documentName), {}, {}};
@@ -161,7 +163,7 @@ void clsUtilImp::sWriteToFileHandle(TextView text) try {
 
 void clsUtilImp::fReplaceInvalidChars(TextView text, Text& result) try {
   static const LetterReplacements replacements(CodePage::ofSystem());
-  texto().replaceEach(text, replacements.all(), result);
+  texto()->replaceEach(text, replacements.all(), result);
 } catch (...) {
   trap("fReplaceInvalidChars");
 }
@@ -179,7 +181,7 @@ bool clsUtilImp::fSendStringToPrinter(TextView text) try {
 void clsUtilImp::writeMargined(TextView text, std::uint8_t leftMargin, TextView end) {
   Borrowed<Text> line(lineStorage_);
   if (leftMargin != 0) {
-    texto().fLeftMargin(text, leftMargin, *line);
+    texto()->fLeftMargin(text, leftMargin, *line);
   } else {
     line->assign(text);
   }

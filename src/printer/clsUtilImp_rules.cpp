@@ -105,7 +105,8 @@ void clsUtilImp::sPrintTestPage() try {
 
 Text clsUtilImp::numberText(const Value& number) const {
   Text text;
-  modRDPGlobalValues::ofThisThread().refInsConvert->fNumberToText(number, text);
+  const Ref<clsConvert> convert = modRDPGlobalValues::ofThisThread().refInsConvert;
+  convert->fNumberToText(number, text);
   return text;
 }
 

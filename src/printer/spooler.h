@@ -1,6 +1,6 @@
 // The spooler port: the seven calls by which raw bytes reach a named printer as jobs.
 //
-// A back-end answers for the printers of one kind; spoolerFor() chooses it by the printer's name.
+// A back-end answers for the printers of one kind; makeSpooler() chooses it by the printer's name.
 // Names are texts, each back-end turns them into what its system wants; data are bytes and leave
 // exactly as they are.
 //

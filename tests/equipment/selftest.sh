@@ -92,6 +92,7 @@ test_wine_endings() {
   expect 124 "$wine" "$BITS" --timeout 2 -- "$work/endless.vbs"
   expect 125 "$wine" "$BITS" --register "$work/probe.exe" -- "$work/good.vbs"
   expect 125 "$wine" "$BITS" --before false -- "$work/good.vbs"
+  expect 125 "$wine" "$BITS" -- /bin/false
 }
 
 test_screen() {

@@ -203,6 +203,7 @@ TEST(CurrencyToDouble, IsTheNearestNumber) {
   EXPECT_EQ(toDouble({0}), 0.0);
   EXPECT_EQ(toDouble({15'000}), 1.5);
   EXPECT_EQ(toDouble({-1}), -0.0001);
+  EXPECT_EQ(toDouble({3}), 0.0003);
   EXPECT_EQ(toDouble({12'345'678}), 1234.5678);
 }
 

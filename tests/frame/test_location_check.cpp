@@ -8,7 +8,9 @@
 #include "equipment/errors.h"
 #include "equipment/recording_services.h"
 #include "frame/clsInitLibTarvoRpd.h"
+#include "frame/silent_services.h"
 #include "frame/thread_services.h"
+#include "frame/tracked.h"
 
 namespace tarvo {
 namespace {
@@ -124,6 +126,35 @@ TEST_F(LocationCheck, AnErrorOfTheMessageServiceReachesTheCallerAsItIs) {
   EXPECT_EQ(error->helpFile(), u"help.hlp");
   EXPECT_EQ(error->helpContext(), 77);
   EXPECT_EQ(errorService->trail(), "");
+}
+
+// Takes itself out of its place while it is asked.
+class SelfRemoving : public test::SilentMessage {
+ public:
+  SelfRemoving(const test::LifeCount& life, int& aliveAfterwards)
+      : life_(life), aliveAfterwards_(aliveAfterwards) {}
+
+  bool fWarnLocation(TextView, std::int16_t) override {
+    const test::LifeCount life = life_;
+    int& afterwards = aliveAfterwards_;
+    modRDPGlobalValues::ofThisThread().refInsMessage = nullptr;
+    afterwards = life.alive();
+    return true;
+  }
+
+ private:
+  test::LifeCount life_;
+  int& aliveAfterwards_;
+};
+
+TEST_F(LocationCheck, AMessageServiceMayBeReplacedWhileItIsAsked) {
+  setApplicationFolder(u"C:\\backup");
+  const test::LifeCount life{};
+  int aliveAfterwards = -1;
+  services().refInsMessage = make<test::Tracked<SelfRemoving>>(life, life, aliveAfterwards);
+  EXPECT_FALSE(check());
+  EXPECT_EQ(aliveAfterwards, 1);
+  EXPECT_EQ(life.alive(), 0);
 }
 
 TEST_F(LocationCheck, WithoutAMessageServiceIsError91WithoutATrail) {

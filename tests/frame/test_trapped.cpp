@@ -10,6 +10,7 @@
 #include "equipment/errors.h"
 #include "equipment/recording_services.h"
 #include "frame/thread_services.h"
+#include "frame/tracked.h"
 
 namespace tarvo {
 namespace {
@@ -209,6 +210,34 @@ TEST_F(Trapped, AnErrorOfTheErrorServiceIsReportedByTheLevelsAround) {
   ASSERT_EQ(errorService->trail(), "sInner sMiddle sOuter");
   EXPECT_EQ(errorService->reports[2].helpFile, u"help.hlp");
   EXPECT_EQ(errorService->reports[2].helpContext, 77);
+}
+
+// Puts another service in its own place while it is asked, and then still uses itself.
+class SelfReplacing : public clsError {
+ public:
+  SelfReplacing(const test::LifeCount& life, Ref<clsError> next)
+      : life_(life), next_(std::move(next)) {}
+
+  void fDescribeError(TextView, TextView, TextView, TextView, std::int16_t, std::int32_t, TextView,
+                      std::int32_t, std::int32_t, Text& result) override {
+    const test::LifeCount life = life_;
+    modRDPGlobalValues::ofThisThread().refInsError = next_;
+    result = life.alive() == 1 ? u"alive" : u"gone";
+  }
+
+ private:
+  test::LifeCount life_;
+  Ref<clsError> next_;
+};
+
+TEST_F(Trapped, AnErrorServiceMayBeReplacedWhileItIsAsked) {
+  const test::LifeCount life{};
+  services().refInsError = make<test::Tracked<SelfReplacing>>(life, life, errorService);
+  const auto error = errorOf([] { printing(raiseTheClientsError)->sMiddle(); });
+  ASSERT_TRUE(error);
+  EXPECT_EQ(error->description(), u"alive < sMiddle");
+  EXPECT_EQ(errorService->trail(), "sMiddle");
+  EXPECT_EQ(life.alive(), 0);
 }
 
 TEST_F(Trapped, AProcedureOfNoObjectReportsTheSameWay) {

@@ -229,7 +229,7 @@ TEST_F(EarlyBound, AnotherServersObjectIsNoPrinterChannel) {
   _clsUtReport* report = nullptr;
   EXPECT_EQ(static_cast<HRESULT>(0x800A000D),
             startUp_->sInitializePrintLibrary(&impostor, &report));
-  EXPECT_THAT(takeErrorText(), testing::HasSubstr("Type mismatch: clsUtilImp"));
+  EXPECT_THAT(takeErrorText(), testing::HasSubstr("Type mismatch: refInsImp"));
 }
 
 TEST_F(EarlyBound, TheLibraryKeepsTheChannelAfterTheClientLetsItGo) {

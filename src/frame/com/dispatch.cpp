@@ -198,13 +198,16 @@ class Call {
     return S_OK;
   }
 
-  // The parameter whose argument could not be coerced, or null.
+  // The parameter whose argument could not be coerced, on its way in or back; or null.
   const char* wrongParameter() const { return wrongParameter_; }
 
   HRESULT run(VARIANT* result) {
     const HRESULT status = invoke();
     const HRESULT back = giveBack();
-    if (FAILED(status)) return status;
+    if (FAILED(status)) {
+      wrongParameter_ = nullptr;  // the operation's own error says more
+      return status;
+    }
     if (FAILED(back)) return back;
     if (result != nullptr) {
       *result = result_;  // handed over whole
@@ -248,6 +251,7 @@ class Call {
       slots[count++] = &resultSlot;
     }
     Variant status;
+    SetErrorInfo(0, nullptr);  // an error object of an earlier call is none of this one
     const HRESULT called =
         DispCallFunc(face_, (kDispatchFunctions + place_) * sizeof(void*), CC_STDCALL, VT_ERROR,
                      count, types.data(), slots.data(), &status);
@@ -258,7 +262,10 @@ class Call {
     HRESULT worst = S_OK;
     for (std::size_t i = 0; i < member_.parameters.size(); ++i) {
       const HRESULT status = arguments_[i].giveBack(locale_);
-      if (FAILED(status)) worst = status;
+      if (FAILED(status)) {
+        worst = status;
+        wrongParameter_ = member_.parameters[i].name;
+      }
     }
     return worst;
   }
@@ -276,6 +283,7 @@ class Call {
 
 // Error 13, or 6 for a value that does not fit, with the parameter's name.
 HRESULT reportWrongArgument(HRESULT coercion, const char* parameter, EXCEPINFO* exception) {
+  if (coercion == E_OUTOFMEMORY) return coercion;
   const std::int32_t number = numberOfStatus(coercion);
   if (exception == nullptr) return statusOfNumber(number);
   try {
@@ -364,6 +372,9 @@ HRESULT STDMETHODCALLTYPE faceInvoke(Face* face, DISPID member, REFIID id, LCID 
   }
   if (FAILED(taken)) return taken;
   const HRESULT status = call.run(result);
+  if (call.wrongParameter() != nullptr) {
+    return reportWrongArgument(status, call.wrongParameter(), exception);
+  }
   return FAILED(status) ? reportFailure(status, exception) : S_OK;
 }
 

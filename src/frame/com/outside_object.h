@@ -192,7 +192,12 @@ class ContractProxy : public Contract, public OutsideObject {
       runThroughInterface<Entry>(place, result, out...);
     } else {
       std::array<VARIANT, sizeof...(Out)> arguments{out.variant()...};
-      access_.callByName(place, arguments, result);
+      try {
+        access_.callByName(place, arguments, result);
+      } catch (const RunTimeError&) {
+        takeBackIgnoringErrors(out...);
+        throw;
+      }
     }
   }
 

@@ -7,7 +7,7 @@
 #include "frame/com/error_info.h"
 #include "frame/com/server.h"
 
-// Not in every header set, but in the platform since its first 64-bit versions.
+// Not in every header set, but in every Windows from 7 on, which is what the servers need.
 extern "C" {
 HRESULT WINAPI RegisterTypeLibForUser(ITypeLib*, OLECHAR*, OLECHAR*);
 HRESULT WINAPI UnRegisterTypeLibForUser(REFGUID, WORD, WORD, LCID, SYSKIND);
@@ -80,28 +80,34 @@ void registerTypeLibrary(const Text& fileName, bool forUser) {
                 : RegisterTypeLib(library.get(), path, nullptr));
 }
 
+// A caller who may not write is refused before anything is written: by the opening of the classes,
+// or by the type library, which comes first.
 void registerBelow(HKEY root, bool forUser) {
   const Text fileName = serverFileName();
   const Key classes(root, kClasses);
+  registerTypeLibrary(fileName, forUser);
   for (const ComClass& row : serverDescription().classes) {
     registerClass(classes, *row.info, fileName);
   }
-  registerTypeLibrary(fileName, forUser);
 }
 
-// What is not there is already gone.
+bool isThere(HKEY root, const Text& path) {
+  HKEY key = nullptr;
+  if (RegOpenKeyExW(root, wideText(path), 0, KEY_READ, &key) != ERROR_SUCCESS) return false;
+  RegCloseKey(key);
+  return true;
+}
+
+// Raises: when the key is there and cannot be removed.
+void removeKey(HKEY root, const Text& path) {
+  if (isThere(root, path)) checkWin32(RegDeleteTreeW(root, wideText(path)));
+}
+
 void removeBelow(HKEY root) {
-  HKEY opened = nullptr;
-  if (RegOpenKeyExW(root, wideText(kClasses), 0, KEY_READ | KEY_WRITE, &opened) != ERROR_SUCCESS) {
-    return;
-  }
   for (const ComClass& row : serverDescription().classes) {
-    const Text id = u"CLSID\\" + braced(classId(*row.info));
-    const Text progId = fromAscii(row.info->progId());
-    RegDeleteTreeW(opened, wideText(id));
-    RegDeleteTreeW(opened, wideText(progId));
+    removeKey(root, kClasses + u"\\CLSID\\" + braced(classId(*row.info)));
+    removeKey(root, kClasses + u"\\" + fromAscii(row.info->progId()));
   }
-  RegCloseKey(opened);
 }
 
 void removeTypeLibrary() {
@@ -124,7 +130,6 @@ HRESULT registerServer() noexcept {
       registerBelow(HKEY_LOCAL_MACHINE, false);
     } catch (const RunTimeError& error) {
       if (!isRefusal(error)) throw;
-      removeBelow(HKEY_LOCAL_MACHINE);  // whatever was written before the refusal
       registerBelow(HKEY_CURRENT_USER, true);
     }
     return S_OK;

@@ -29,17 +29,43 @@ void readElement(SAFEARRAY* array, VARTYPE type, LONG index, VARIANT& into) {
     check(SafeArrayGetElement(array, &index, &into));
     return;
   }
-  Variant element;
-  check(SafeArrayGetElement(array, &index, &V_UI1(&element)));
-  V_VT(&element) = type;
-  check(VariantCopy(&into, &element));
+  // Nothing but these has its place inside a VARIANT's eight bytes.
+  switch (type) {
+    case VT_I1:
+    case VT_UI1:
+    case VT_I2:
+    case VT_UI2:
+    case VT_BOOL:
+    case VT_I4:
+    case VT_UI4:
+    case VT_INT:
+    case VT_UINT:
+    case VT_I8:
+    case VT_UI8:
+    case VT_R4:
+    case VT_R8:
+    case VT_CY:
+    case VT_DATE:
+    case VT_BSTR:
+    case VT_DISPATCH:
+    case VT_UNKNOWN:
+      check(SafeArrayGetElement(array, &index, &V_UI1(&into)));
+      break;
+    case VT_DECIMAL:  // fills the whole VARIANT, its kind included
+      check(SafeArrayGetElement(array, &index, &V_DECIMAL(&into)));
+      break;
+    default:
+      throw RunTimeError(kTypeMismatch);
+  }
+  V_VT(&into) = type;
 }
 
 ValueArray valuesOf(const VARIANT& variant) {
   SAFEARRAY* array = (V_VT(&variant) & VT_BYREF) != 0 ? *V_ARRAYREF(&variant) : V_ARRAY(&variant);
   if (array == nullptr) return {};
+  VARTYPE type = VT_EMPTY;
+  check(SafeArrayGetVartype(array, &type));
   if (SafeArrayGetDim(array) != 1) throw RunTimeError(kTypeMismatch);
-  const auto type = static_cast<VARTYPE>(V_VT(&variant) & VT_TYPEMASK);
   LONG first = 0;
   LONG last = -1;
   check(SafeArrayGetLBound(array, 1, &first));
@@ -51,6 +77,14 @@ ValueArray valuesOf(const VARIANT& variant) {
     valueFromVariant(element, values.emplace_back());
   }
   return values;
+}
+
+// Whether the number is an amount and back again the same number; `amount` then holds it.
+bool isExactAmount(VARIANT* number, Variant& amount) {
+  Variant back;
+  return SUCCEEDED(VariantChangeType(&amount, number, 0, VT_CY)) &&
+         SUCCEEDED(VariantChangeType(&back, &amount, 0, V_VT(number))) &&
+         VarCmp(number, &back, LOCALE_INVARIANT, 0) == VARCMP_EQ;
 }
 
 Value plainValueOf(const VARIANT& variant) {
@@ -81,9 +115,12 @@ Value plainValueOf(const VARIANT& variant) {
     case VT_UNKNOWN:
       return objectFromUnknown(V_UNKNOWN(&variant), nullptr);
     default: {
-      // The remaining kinds of numbers.
+      // The remaining kinds of numbers: exactly where an amount can hold them.
       Variant number;
-      check(VariantChangeType(&number, const_cast<VARIANT*>(&variant), 0, VT_R8));
+      auto* source = const_cast<VARIANT*>(&variant);
+      const bool isBinary = V_VT(&variant) == VT_R4;
+      if (!isBinary && isExactAmount(source, number)) return Currency{V_CY(&number).int64};
+      check(VariantChangeType(&number, source, 0, VT_R8));
       return V_R8(&number);
     }
   }

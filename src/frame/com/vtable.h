@@ -11,6 +11,24 @@
 
 namespace tarvo::com {
 
+// An argument as COM gives it, and its parameter's name.
+template <class Abi>
+struct Given {
+  Abi abi;
+  const char* name;
+};
+
+// Raises: what the conversion raises; error 13 with the parameter's name.
+template <class Plain>
+void takeGiven(const typename Automation<Plain>::Abi& abi, const char* name, Plain& value) {
+  try {
+    Automation<Plain>::fromAbi(abi, value);
+  } catch (const RunTimeError& error) {
+    if (error.number() != kTypeMismatch) throw;
+    throw RunTimeError(kTypeMismatch, fromAscii(name));
+  }
+}
+
 // One argument on its way in, by value.
 template <class Parameter>
 class Incoming {
@@ -18,7 +36,7 @@ class Incoming {
   using Plain = PlainOf<Parameter>;
   using Abi = typename Automation<Plain>::Abi;
 
-  explicit Incoming(Abi abi) { Automation<Plain>::fromAbi(abi, value_); }
+  explicit Incoming(Given<Abi> given) { takeGiven(given.abi, given.name, value_); }
   Plain& get() noexcept { return value_; }
   void giveBack() noexcept {}
 
@@ -31,7 +49,7 @@ template <>
 class Incoming<TextView> {
  public:
   using Abi = BSTR;
-  explicit Incoming(BSTR abi) noexcept : view_(viewOf(abi)) {}
+  explicit Incoming(Given<BSTR> given) noexcept : view_(viewOf(given.abi)) {}
   TextView get() const noexcept { return view_; }
   void giveBack() noexcept {}
 
@@ -47,9 +65,9 @@ class Incoming<Parameter> {
   using Plain = PlainOf<Parameter>;
   using Abi = typename Automation<Plain>::Abi*;
 
-  explicit Incoming(Abi abi) : abi_(abi) {
-    if (abi_ == nullptr) throw RunTimeError(kInvalidProcedureCall);
-    Automation<Plain>::fromAbi(*abi_, value_);
+  explicit Incoming(Given<Abi> given) : abi_(given.abi) {
+    if (abi_ == nullptr) throw RunTimeError(kInvalidProcedureCall, fromAscii(given.name));
+    takeGiven(*abi_, given.name, value_);
   }
   Plain& get() noexcept { return value_; }
 
@@ -116,17 +134,26 @@ decltype(auto) callAndGiveBack(Call&& call, In&... in) {
   }
 }
 
-// `Row` is a row of T's member table; `Parameters` the tuple of what the caller passes.
-template <class T, class Row, class Result, class Parameters>
+template <class T, std::size_t Index>
+const char* parameterName(std::size_t place) {
+  return Described<T>::info.members[Index].parameters[place].name;
+}
+
+// The entry of T's row at `Index`; `Parameters` is the tuple of what the caller passes.
+template <class T, std::size_t Index, class Result, class Parameters>
 struct Entry;
 
 // No result.
-template <class T, class Row, class... P>
-struct Entry<T, Row, void, std::tuple<P...>> {
+template <class T, std::size_t Index, class... P>
+struct Entry<T, Index, void, std::tuple<P...>> {
+  using Row = RowOf<T, Index>;
+
   static HRESULT STDMETHODCALLTYPE call(Face* face, typename Incoming<P>::Abi... abi) {
     return guarded(Described<T>::info, [&] {
       auto& object = static_cast<T&>(*face->object);
-      std::tuple<Incoming<P>...> in{abi...};
+      std::size_t place = 0;
+      std::tuple<Incoming<P>...> in{
+          Given<typename Incoming<P>::Abi>{abi, parameterName<T, Index>(place++)}...};
       std::apply(
           [&](Incoming<P>&... each) {
             callAndGiveBack([&](auto&&... a) { (object.*Row::function)(a...); }, each...);
@@ -137,8 +164,9 @@ struct Entry<T, Row, void, std::tuple<P...>> {
 };
 
 // With a result, returned or put into the last parameter.
-template <class T, class Row, class Result, class... P>
-struct Entry<T, Row, Result, std::tuple<P...>> {
+template <class T, std::size_t Index, class Result, class... P>
+struct Entry<T, Index, Result, std::tuple<P...>> {
+  using Row = RowOf<T, Index>;
   using ResultAbi = typename Automation<Result>::Abi;
 
   static HRESULT STDMETHODCALLTYPE call(Face* face, typename Incoming<P>::Abi... abi,
@@ -147,7 +175,9 @@ struct Entry<T, Row, Result, std::tuple<P...>> {
     *result = ResultAbi{};
     return guarded(Described<T>::info, [&] {
       auto& object = static_cast<T&>(*face->object);
-      std::tuple<Incoming<P>...> in{abi...};
+      std::size_t place = 0;
+      std::tuple<Incoming<P>...> in{
+          Given<typename Incoming<P>::Abi>{abi, parameterName<T, Index>(place++)}...};
       std::apply(
           [&](Incoming<P>&... each) {
             if constexpr (Row::resultIsParameter) {
@@ -170,7 +200,7 @@ template <class T, std::size_t Index>
 struct EntryAt {
   using Row = RowOf<T, Index>;
   using ReturnedOrPut = PlainOf<typename tarvo::detail::ResultOf<Row>::Type>;
-  using Type = Entry<T, Row, ReturnedOrPut, typename CallerParameters<Row>::Type>;
+  using Type = Entry<T, Index, ReturnedOrPut, typename CallerParameters<Row>::Type>;
   using Function = decltype(&Type::call);
 };
 

@@ -17,7 +17,7 @@ std::filesystem::path ownFile() {
   const bool found = dladdr(reinterpret_cast<const void*>(&libraryFolder), &info) != 0;
   if (!found || info.dli_fname == nullptr) return {};
   std::error_code failed;
-  const std::filesystem::path resolved = std::filesystem::canonical(info.dli_fname, failed);
+  std::filesystem::path resolved = std::filesystem::canonical(info.dli_fname, failed);
   if (!failed) return resolved;
   // A program found along the search path is known by its bare name only.
   const std::filesystem::path running = std::filesystem::read_symlink("/proc/self/exe", failed);

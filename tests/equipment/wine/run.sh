@@ -59,6 +59,13 @@ done
 [ $# -ge 2 ] || usage
 shift
 [ ! -e "$1" ] || see "$(dirname "$1")"
+case $1 in
+  *.vbs | *.js) ;;
+  *)
+    # Wine starts a program of this system as well, and then ends with 0 whatever comes of it.
+    [ ! -f "$1" ] || [ "$(head -c 2 "$1")" = MZ ] || broken "$1 is not a Windows program"
+    ;;
+esac
 
 is_prepared || "$here/prepare.sh" "$BITS" --tests || exit
 

@@ -219,7 +219,7 @@ Sub CheckObjects
   start.sInitializePrintLibrary Null, reportUtility
   CheckError "Null for an object", 13, "Type mismatch: refInsImp", LIBRARY
   start.sInitializePrintLibrary taker, reportUtility
-  CheckError "another object than the library's own", 13, "Type mismatch: clsUtilImp", LIBRARY
+  CheckError "another object than the library's own", 13, "Type mismatch: refInsImp", LIBRARY
   start.sInitializePrintLibrary Nothing, Nothing
   CheckNoError "Nothing is taken"
   start.sInitializePrintLibrary channel, New ObjectWithText
