@@ -155,6 +155,7 @@ class clsUtilImp final : public TrappedObject {
   // Whether this printer may be used in text mode at all.
   bool GetCanPrintInTextMode() const noexcept { return canPrintInTextMode_; }
   void SetCanPrintInTextMode(bool valNewValue) noexcept { canPrintInTextMode_ = valNewValue; }
+
   // --- The job.
 
   // Hands what was written so far to the spooler as a job of its own, and goes on in a new one of
@@ -162,7 +163,8 @@ class clsUtilImp final : public TrappedObject {
   void sSendJobAndStartNewOne();
 
   // Opens the printer and its first job.  An unknown name shows "No se reconoce el nombre de la
-  // impresora: " and the name, and raises nothing.  A job that is still open stays open, unseen.
+  // impresora: " and the name, and raises nothing.  A job that is still open is left to the
+  // spooler as it is: the file and CUPS back-ends complete it, Windows keeps it open, unseen.
   void sInitializePrinterFileHandle(TextView valPhysicalPrinterName, TextView valDocumentName);
 
   // Ends the page and the job, and closes the printer.
@@ -197,6 +199,7 @@ class clsUtilImp final : public TrappedObject {
 
   // A ruler across the page, in groups of ten columns, once in normal and once in condensed print.
   // The last line is left open.
+  // Raises: 6 for 32767 groups, after that many, and for -32768, in the tens line.
   void sPrintHorizontalRule(bool valDoFormFeed, std::int16_t valLengthNormalRule,
                             std::int16_t valLengthCondensedRule);
 

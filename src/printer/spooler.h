@@ -26,7 +26,8 @@
 
 namespace tarvo {
 
-// What a job is, as the spooler is told.  Empty texts are handed over as absent.
+// What a job is, as the spooler is told.  An empty output file or data type is handed over as
+// absent.
 struct DocumentDescription {
   Text documentName;  // the name in the print queue
   Text outputFile;    // empty: no redirection

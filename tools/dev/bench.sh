@@ -1,7 +1,9 @@
 #!/bin/sh
-# Runs every benchmark of the bench build, one after the other; arguments go to each of them.
+# Runs every benchmark of the bench build, one after the other, arguments going to each of them; then
+# counts the instructions of a write, and measures what calls cost a Windows client.
 set -eu
 cd "$(dirname "$0")/../.."
+. tools/dev/build.sh
 
 found=0
 for program in $(find build/bench -type f -name 'bench_*' -perm -u+x | sort); do
@@ -10,3 +12,19 @@ for program in $(find build/bench -type f -name 'bench_*' -perm -u+x | sort); do
   "$program" "$@"
 done
 [ $found -eq 1 ] || { echo "bench: the build has no benchmarks" >&2; exit 1; }
+
+echo "== instructions of one write"
+bench/instructions.sh build/bench/bench/write_lines
+
+for bits in 64 32; do
+  if ! have_cross_compiler $bits; then
+    echo "== calls of Windows clients, $bits bit: skipped, there is no compiler"
+    continue
+  fi
+  echo "== calls of Windows clients, $bits bit"
+  build win$bits >/dev/null
+  build win$bits --target call_costs >/dev/null
+  status=0
+  bench/windows/run.sh $bits build/win$bits || status=$?
+  [ $status -eq 0 ] || [ $status -eq 77 ] || exit $status
+done

@@ -30,6 +30,15 @@ ROOMS = ("src", "services", "tests", "tools", "samples", "fuzz")
 LARGEST_GROUP = 8
 
 
+def without_precompiled_headers(words):
+    """They are the other compiler's, and the sources include what they need."""
+    kept = list(words)
+    for place in reversed(range(len(words) - 1)):
+        if words[place] == "-include" and "cmake_pch" in words[place + 1]:
+            del kept[place:place + 2]
+    return [word for word in kept if word != "-Winvalid-pch"]
+
+
 class Source:
     """A source of the project and how it is compiled."""
 
@@ -39,6 +48,7 @@ class Source:
         self.directory = entry["directory"]
         words = shlex.split(entry["command"])[1:]
         self.output = words.pop(words.index("-o") + 1) if "-o" in words else None
+        words = without_precompiled_headers(words)
         self.options = [word for word in words if word not in ("-o", "-c", entry["file"])]
 
 

@@ -140,7 +140,7 @@ class CupsSpooler final : public Spooler {
   bool openPrinter(TextView name, PrinterHandle& handle) override {
     handle = 0;
     order_.close();
-    document_.abandon();
+    if (document_.isOpen()) finishDocument();
     const Connection connection = connect();
     if (!connection) return remember(kServerAway);
     destination_ = findDestination(connection.get(), toUtf8(name));
@@ -169,9 +169,7 @@ class CupsSpooler final : public Spooler {
 
   bool endDocument(PrinterHandle handle) override {
     if (!inOrder(order_.endDocument(handle))) return false;
-    const Outcome outcome = document_.flush() ? submitCollected() : document_.error();
-    document_.abandon();
-    return remember(outcome);
+    return remember(finishDocument());
   }
 
   bool closePrinter(PrinterHandle handle) override {
@@ -183,6 +181,12 @@ class CupsSpooler final : public Spooler {
   std::int32_t lastError() const noexcept override { return lastError_; }
 
  private:
+  Outcome finishDocument() {
+    const Outcome outcome = document_.flush() ? submitCollected() : document_.error();
+    document_.abandon();
+    return outcome;
+  }
+
   Outcome submitCollected() {
     // A server takes no job without data.
     const bool isEmpty = lseek(document_.descriptor(), 0, SEEK_END) == 0;

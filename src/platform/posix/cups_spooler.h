@@ -11,8 +11,8 @@
 // at once: a pause of the operator cannot time a connection out, and memory stays the same whatever
 // the size.  endDocument answers true when the job is in the queue, which does not say that it is
 // printed.  A document that was not collected whole (a full disk) or not submitted whole is not
-// printed at all, and endDocument answers false.  closePrinter and openPrinter on a document that
-// has not ended give it up; one without bytes is no job.
+// printed at all, and endDocument answers false.  A document that has not ended is submitted by an
+// openPrinter and given up by closePrinter; one without bytes is no job.
 //
 // openPrinter answers false for an unknown queue and when the server is away.
 //

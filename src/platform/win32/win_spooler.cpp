@@ -12,11 +12,12 @@ namespace {
 
 HANDLE handleOf(PrinterHandle handle) noexcept { return reinterpret_cast<HANDLE>(handle); }
 
-// A text of a document as the spooler's eight-bit call takes it; an empty one is absent.
+// A text of a document as the spooler's eight-bit call takes it.
 class AnsiText {
  public:
   explicit AnsiText(TextView text) { CodePage::ofSystem().encode(text, bytes_); }
-  LPSTR get() noexcept { return bytes_.empty() ? nullptr : bytes_.data(); }
+  LPSTR get() noexcept { return bytes_.data(); }
+  LPSTR getOrAbsent() noexcept { return bytes_.empty() ? nullptr : bytes_.data(); }
 
  private:
   std::string bytes_;
@@ -38,7 +39,7 @@ class WinSpooler final : public Spooler {
     AnsiText documentName(document.documentName);
     AnsiText outputFile(document.outputFile);
     AnsiText dataType(document.dataType);
-    DOC_INFO_1A description{documentName.get(), outputFile.get(), dataType.get()};
+    DOC_INFO_1A description{documentName.get(), outputFile.getOrAbsent(), dataType.getOrAbsent()};
     return remember(StartDocPrinterA(handleOf(handle), 1, reinterpret_cast<LPBYTE>(&description)) !=
                     0);
   }

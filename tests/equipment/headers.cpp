@@ -1,0 +1,1 @@
+// Compiled once for all tests: the headers in its target's list.
