@@ -52,7 +52,7 @@ std::vector<Input> readCorpus(const std::string& folder) {
 
 void run(const Input& input) {
   // An exact copy on the heap, so that a sanitizer sees a read past its end.
-  const std::vector<std::uint8_t> copy(input);
+  const std::vector<std::uint8_t> copy(input.begin(), input.end());
   LLVMFuzzerTestOneInput(copy.data(), copy.size());
 }
 

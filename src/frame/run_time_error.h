@@ -55,6 +55,11 @@ class RunTimeError : public std::exception {
   };
   RunTimeError(std::int32_t number, Details details);
 
+  // Copied, never moved: an error always has its content.
+  RunTimeError(const RunTimeError&) noexcept = default;
+  RunTimeError& operator=(const RunTimeError&) noexcept = default;
+  ~RunTimeError() override = default;
+
   std::int32_t number() const noexcept { return content_->number; }
   const Text& source() const noexcept { return content_->details.source; }
   const Text& description() const noexcept { return content_->details.description; }

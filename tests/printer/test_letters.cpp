@@ -213,6 +213,47 @@ class ReentrantTexto final : public OwnTexto {
   bool isBack_ = false;
 };
 
+// Hands over another service in its place, and goes on using what is its own.
+class SelfReplacingTexto final : public OwnTexto {
+ public:
+  using OwnTexto::OwnTexto;
+
+  void fReplaceAll(TextView valText, TextView valOld, TextView valNew, Text& result) override {
+    modRDPGlobalValues::ofThisThread().refInsTexto = make<LibTarvoCI::clsTexto>();
+    OwnTexto::fReplaceAll(valText, valOld, valNew, result);
+  }
+};
+
+class SelfReplacingError final : public clsError {
+ public:
+  void fDescribeError(TextView, TextView, TextView, TextView, std::int16_t, std::int32_t, TextView,
+                      std::int32_t, std::int32_t, Text& result) override {
+    modRDPGlobalValues::ofThisThread().refInsError = nullptr;
+    result = answer_;
+  }
+
+ private:
+  Text answer_ = u"described by a service that is no longer there";
+};
+
+TEST_F(PrinterLetters, ATextServiceMayReplaceItselfInTheMiddleOfAWrite) {
+  modRDPGlobalValues::ofThisThread().refInsTexto = make<SelfReplacingTexto>(texto);
+  EXPECT_EQ(printed([this] { channel->sWrite(u"a\u00F1o", 0); }), "a<A4>o\n");
+}
+
+TEST_F(PrinterLetters, AnErrorServiceMayReplaceItselfWhileItDescribes) {
+  modRDPGlobalValues& values = modRDPGlobalValues::ofThisThread();
+  values.refInsTexto = nullptr;
+  values.refInsError = make<SelfReplacingError>();
+  try {
+    channel->sWrite(u"x", 0);
+    FAIL() << "no error";
+  } catch (const RunTimeError& failure) {
+    // The next level finds no error service any more.
+    EXPECT_EQ(failure.number(), kObjectNotSet);
+  }
+}
+
 TEST_F(PrinterLetters, TheMarginIsWhatTheServiceSaysItIs) {
   modRDPGlobalValues::ofThisThread().refInsTexto = make<DottedTexto>(texto);
   EXPECT_EQ(printed([this] { channel->sWrite(u"x", 255); }), std::string(255, '.') + "x\n");

@@ -19,37 +19,35 @@ std::string valueOf(HKEY root, const std::wstring& path, const wchar_t* name = n
   return utf8(com::fromWide(value));
 }
 
-// For its life, nobody may write the machine's classes, as for an ordinary account.
-class ClosedMachineRegistry {
+// For its life, nobody may open a key of the machine's registry, as for an ordinary account.
+class ClosedKey {
  public:
-  ClosedMachineRegistry() {
-    RegOpenKeyExW(HKEY_LOCAL_MACHINE, kClasses, 0, KEY_ALL_ACCESS, &classes_);
+  explicit ClosedKey(const wchar_t* path) : path_(path) {
+    RegOpenKeyExW(HKEY_LOCAL_MACHINE, path, 0, KEY_ALL_ACCESS, &key_);
     DWORD size = sizeof before_;
-    RegGetKeySecurity(classes_, DACL_SECURITY_INFORMATION, before_, &size);
+    RegGetKeySecurity(key_, DACL_SECURITY_INFORMATION, before_, &size);
     ACL nobody;
     InitializeAcl(&nobody, sizeof nobody, ACL_REVISION);
     SECURITY_DESCRIPTOR closed;
     InitializeSecurityDescriptor(&closed, SECURITY_DESCRIPTOR_REVISION);
     SetSecurityDescriptorDacl(&closed, TRUE, &nobody, FALSE);
-    RegSetKeySecurity(classes_, DACL_SECURITY_INFORMATION, &closed);
+    RegSetKeySecurity(key_, DACL_SECURITY_INFORMATION, &closed);
   }
-  ~ClosedMachineRegistry() {
-    RegSetKeySecurity(classes_, DACL_SECURITY_INFORMATION, before_);
-    RegCloseKey(classes_);
+  ~ClosedKey() {
+    RegSetKeySecurity(key_, DACL_SECURITY_INFORMATION, before_);
+    RegCloseKey(key_);
   }
 
   bool isClosed() const {
     HKEY key = nullptr;
-    const LSTATUS status = RegCreateKeyExW(HKEY_LOCAL_MACHINE, kClasses, 0, nullptr, 0, KEY_WRITE,
-                                           nullptr, &key, nullptr);
+    const LSTATUS status = RegOpenKeyExW(HKEY_LOCAL_MACHINE, path_, 0, KEY_WRITE, &key);
     if (status == ERROR_SUCCESS) RegCloseKey(key);
     return status == ERROR_ACCESS_DENIED;
   }
 
  private:
-  static constexpr wchar_t kClasses[] = L"Software\\Classes";
-
-  HKEY classes_ = nullptr;
+  const wchar_t* path_;
+  HKEY key_ = nullptr;
   BYTE before_[1024] = {};
 };
 
@@ -108,7 +106,7 @@ TEST_F(Registration, MayBeDoneTwice) {
 
 TEST_F(Registration, GoesToTheUserWhereTheMachinesRegistryIsClosed) {
   {
-    const ClosedMachineRegistry closed;
+    const ClosedKey closed(L"Software\\Classes");
     ASSERT_TRUE(closed.isClosed());
     ASSERT_EQ(S_OK, library().registerServer());
   }
@@ -122,7 +120,7 @@ TEST_F(Registration, GoesToTheUserWhereTheMachinesRegistryIsClosed) {
 
 TEST_F(Registration, UnregisteringRemovesBothWays) {
   {
-    const ClosedMachineRegistry closed;
+    const ClosedKey closed(L"Software\\Classes");
     ASSERT_TRUE(closed.isClosed());
     ASSERT_EQ(S_OK, library().registerServer());
   }
@@ -132,6 +130,18 @@ TEST_F(Registration, UnregisteringRemovesBothWays) {
     EXPECT_EQ("(none)", key(root, L""));
     EXPECT_EQ("(none)", valueOf(root, L"Software\\Classes\\LibTarvoRdpCI.clsUtilImp\\CLSID"));
   }
+}
+
+TEST_F(Registration, UnregisteringSaysSoWhenItIsRefused) {
+  ASSERT_EQ(S_OK, library().registerServer());
+  {
+    const ClosedKey closed(kClassKey);
+    ASSERT_TRUE(closed.isClosed());
+    EXPECT_NE(S_OK, library().unregisterServer());
+  }
+  EXPECT_EQ("LibTarvoRdpCI.clsUtilImp", key(HKEY_LOCAL_MACHINE, L""));
+  EXPECT_EQ(S_OK, library().unregisterServer());
+  EXPECT_EQ("(none)", key(HKEY_LOCAL_MACHINE, L""));
 }
 
 TEST_F(Registration, IsNotNeededWithTheManifest) {

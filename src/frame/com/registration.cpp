@@ -91,11 +91,12 @@ void registerBelow(HKEY root, bool forUser) {
   }
 }
 
+// A key that may not even be read is there.
 bool isThere(HKEY root, const Text& path) {
   HKEY key = nullptr;
-  if (RegOpenKeyExW(root, wideText(path), 0, KEY_READ, &key) != ERROR_SUCCESS) return false;
-  RegCloseKey(key);
-  return true;
+  const LSTATUS status = RegOpenKeyExW(root, wideText(path), 0, KEY_READ, &key);
+  if (status == ERROR_SUCCESS) RegCloseKey(key);
+  return status != ERROR_FILE_NOT_FOUND && status != ERROR_PATH_NOT_FOUND;
 }
 
 // Raises: when the key is there and cannot be removed.
