@@ -87,7 +87,8 @@ mkdir -p $logs
 step format tools/dev/format.sh --check || true
 step native-build build native || conclude
 tests native native
-step lint tools/dev/tidy.py build/native || true
+# The tests' own sources are left to ./dev lint.
+step lint tools/dev/tidy.py build/native src/ services/ tools/ fuzz/ || true
 if step sanitize-build build sanitize; then tests sanitize sanitize; fi
 for bits in 64 32; do
   if ! have_cross_compiler $bits; then

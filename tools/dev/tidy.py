@@ -53,14 +53,19 @@ class Source:
 
 
 def sources(build, parts):
-    """The project's own sources in this build, those with one of the parts in their path."""
+    """The project's own sources in this build, those with one of the parts in their path; a part
+    that ends in a slash is a folder that the path begins with."""
+    def wanted(name):
+        return not parts or any(
+            name.startswith(part) if part.endswith("/") else part in name for part in parts)
+
     found = {}
     for entry in json.loads((build / "compile_commands.json").read_text()):
         path = pathlib.Path(entry["directory"], entry["file"]).resolve()
         if not path.is_relative_to(ROOT) or path.is_relative_to(build):
             continue
         name = str(path.relative_to(ROOT))
-        if name.split("/")[0] in ROOMS and (not parts or any(part in name for part in parts)):
+        if name.split("/")[0] in ROOMS and wanted(name):
             found.setdefault(path, Source(path, entry))
     return [found[path] for path in sorted(found)]
 
