@@ -1,7 +1,8 @@
 #!/bin/sh
 # A print server for tests: a cupsd of our own that listens on a socket file and nowhere else.  It
-# has a raw queue "rawq"; each job's bytes come out as DIR/job-N.prn, its title as DIR/job-N.title,
-# N counting from 1 in the order in which they are printed; jobs of an earlier server are removed.
+# has a raw queue "rawq" for a network printer on the loopback (sink.py); each job's bytes come out as
+# DIR/job-N.prn, its title as DIR/job-N.title, N counting from 1 in the order in which they are
+# printed; jobs of an earlier server are removed.
 #
 #   private_cups.sh run DIR -- COMMAND...      runs a command with such a server; CUPS_SERVER is set
 #   private_cups.sh start DIR                  starts one and prints its socket (for CUPS_SERVER)
@@ -37,8 +38,8 @@ configure() {
   printf 'application/%s\n' octet-stream vnd.cups-raw >"$home/data/mime/mime.types"
   ln -s /usr/lib/cups/daemon "$home/bin/daemon"
   # A back-end that only its owner may execute is run as the owner, not as "lp".
-  cp "$here/keep_job.sh" "$home/bin/backend/keep"
-  chmod 700 "$home/bin/backend/keep"
+  cp "$here/socket_backend.sh" "$home/bin/backend/socket"
+  chmod 700 "$home/bin/backend/socket"
   cat >"$home/cupsd.conf" <<CONF
 Listen $home/sock
 LogLevel warn
@@ -85,6 +86,8 @@ start() {
   cupsd=$(PATH=$PATH:/usr/sbin:/sbin command -v cupsd) ||
     { echo "private_cups.sh: cupsd is not installed"; exit 77; }
   command -v lp >/dev/null || { echo "private_cups.sh: cups-client is not installed"; exit 77; }
+  [ -x /usr/lib/cups/backend-available/socket ] ||
+    { echo "private_cups.sh: cups has no back-end for network printers"; exit 77; }
   mkdir -p "$1"
   [ ! -e "$1/.server" ] || fail "a server is running for $1 already"
   rm -f "$1"/job-*.prn "$1"/job-*.title
@@ -92,6 +95,7 @@ start() {
   ln -s "$home" "$1/.server"
   ln -s "$(realpath "$1")" "$home/jobs"
   configure
+  start_printer
   "$cupsd" -f -c "$home/cupsd.conf" -s "$home/cups-files.conf" >"$home/output" 2>&1 </dev/null &
   echo $! >"$home/pid"
   for _ in $(seq 100); do
@@ -105,11 +109,21 @@ start() {
   fi
 }
 
-# Prints on our own queues are kept by the back-end "keep", which finds the jobs' directory here.
+start_printer() {
+  python3 "$here/sink.py" "$home/jobs" "$home/port" >"$home/printer" 2>&1 </dev/null &
+  echo $! >"$home/printer_pid"
+  for _ in $(seq 100); do
+    [ ! -e "$home/port" ] || return 0
+    sleep 0.05
+  done
+  fail "the printer did not start: $(cat "$home/printer")"
+}
+
+# All queues lead to the one printer.
 add_queue() {
   home=$(home_of "$1")
   CUPS_SERVER="$home/sock" PATH=$PATH:/usr/sbin:/sbin \
-    lpadmin -p "$2" -E -v "keep:$home/jobs" -m raw -o printer-error-policy=retry-job \
+    lpadmin -p "$2" -E -v "socket://127.0.0.1:$(cat "$home/port")" -m raw -o printer-error-policy=retry-job \
     2>"$home/lpadmin" || { cat "$home/lpadmin" >&2; return 1; }
 }
 
@@ -122,6 +136,7 @@ stop() {
     sleep 0.05
   done
   kill -9 "$pid" 2>/dev/null || true
+  kill "$(cat "$home/printer_pid")" 2>/dev/null || true
   rm -rf "$home" "$1/.server"
 }
 
