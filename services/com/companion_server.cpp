@@ -33,6 +33,8 @@ const std::array kClasses{
     comClass<clsDefGen, LibTarvoCI::clsDefGen>(),
     comClass<clsErrorCodesIG, LibTarvoCI::clsErrorCodesIG>(),
 };
+static_assert(std::tuple_size_v<decltype(kClasses)> == LibTarvoCI::PublicClasses::infos.size(),
+              "as many classes are offered as the type library has");
 
 }  // namespace
 

@@ -42,15 +42,13 @@ template <class T>
 class Ref {
  public:
   Ref() noexcept = default;
-  Ref(std::nullptr_t) noexcept {}  // NOLINT(google-explicit-constructor): Nothing is a value here
+  Ref(std::nullptr_t) noexcept {}  // implicit: Nothing is a value
   explicit Ref(T* object) noexcept : object_(object) { retain(); }
   Ref(const Ref& other) noexcept : object_(other.object_) { retain(); }
   Ref(Ref&& other) noexcept : object_(std::exchange(other.object_, nullptr)) {}
   template <class U>
   requires std::is_convertible_v<U*, T*> Ref(const Ref<U>& other)
-  noexcept : object_(other.get()) {  // NOLINT(google-explicit-constructor)
-    retain();
-  }
+  noexcept : object_(other.get()) { retain(); }
   ~Ref() {
     if (object_ != nullptr) object_->release();
   }

@@ -33,9 +33,9 @@ class Value {
   Value() = default;
   template <class T>
   requires std::is_constructible_v<Content, T> &&(!std::is_same_v<std::decay_t<T>, Value>)
-      Value(T&& content)  // NOLINT(google-explicit-constructor): every kind of content is a value
+      Value(T&& content)  // implicit: every kind of content is a value
       : content_(std::forward<T>(content)) {}
-  Value(TextView text) : content_(Text(text)) {}  // NOLINT(google-explicit-constructor)
+  Value(TextView text) : content_(Text(text)) {}
 
   const Content& content() const noexcept { return content_; }
   Content& content() noexcept { return content_; }

@@ -86,7 +86,7 @@ TEST_F(References, AssigningByMovingReleasesWhatWasThere) {
   first = std::move(second);
   EXPECT_EQ(life.alive(), 1);
   EXPECT_EQ(first.get(), object);
-  EXPECT_EQ(second.get(), nullptr);  // NOLINT(bugprone-use-after-move)
+  EXPECT_EQ(second.get(), nullptr);  // NOLINT(bugprone-use-after-move): empty is promised
 }
 
 TEST_F(References, AssigningToItselfChangesNothing) {
