@@ -13,15 +13,24 @@ set(TARVO_INTERFACES ${PROJECT_SOURCE_DIR}/tools/interfaces)
 set(TARVO_IDL_WRITER ${TARVO_IDL_FOLDER}/tarvo-interfaces)
 file(MAKE_DIRECTORY ${TARVO_IDL_FOLDER})
 
-set(_writer_sources ${TARVO_INTERFACES}/main.cpp ${TARVO_INTERFACES}/idl.cpp
-  ${PROJECT_SOURCE_DIR}/src/frame/class_info.cpp)
+set(_writer_objects)
+foreach(_source ${TARVO_INTERFACES}/main.cpp ${TARVO_INTERFACES}/idl.cpp
+    ${PROJECT_SOURCE_DIR}/src/frame/class_info.cpp)
+  get_filename_component(_name ${_source} NAME_WE)
+  set(_object ${TARVO_IDL_FOLDER}/${_name}.o)
+  add_custom_command(OUTPUT ${_object}
+    COMMAND ${CMAKE_CXX_COMPILER_LAUNCHER} ${TARVO_HOST_CXX} -std=c++20 -O0 -MD -MF ${_object}.d
+      -MT ${_object} -I${PROJECT_SOURCE_DIR}/src -I${PROJECT_SOURCE_DIR}/tools
+      -I${PROJECT_SOURCE_DIR} -I${PROJECT_BINARY_DIR}/src/generated -c ${_source} -o ${_object}
+    DEPENDS ${_source}
+    DEPFILE ${_object}.d
+    COMMENT "Compiling ${_name} for the build machine" VERBATIM)
+  list(APPEND _writer_objects ${_object})
+endforeach()
 add_custom_command(OUTPUT ${TARVO_IDL_WRITER}
-  COMMAND ${TARVO_HOST_CXX} -std=c++20 -O0 -MD -MF ${TARVO_IDL_WRITER}.d -MT ${TARVO_IDL_WRITER}
-    -I${PROJECT_SOURCE_DIR}/src -I${PROJECT_SOURCE_DIR}/tools -I${PROJECT_SOURCE_DIR}
-    -I${PROJECT_BINARY_DIR}/src/generated ${_writer_sources} -o ${TARVO_IDL_WRITER}
-  DEPENDS ${_writer_sources}
-  DEPFILE ${TARVO_IDL_WRITER}.d
-  COMMENT "Building the interface writer for the build machine" VERBATIM)
+  COMMAND ${TARVO_HOST_CXX} ${_writer_objects} -o ${TARVO_IDL_WRITER}
+  DEPENDS ${_writer_objects}
+  COMMENT "Linking the interface writer for the build machine" VERBATIM)
 
 set(_written LibTarvoCI_2402_interfaces.idl LibTarvoCI_2402.idl LibTarvoRdpCI_2402.idl
   LibTarvoCI_2402.manifest LibTarvoRdpCI_2402.manifest)
