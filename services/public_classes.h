@@ -1,8 +1,9 @@
-// The public classes of the companion server, in the order of their numbers.
+// The public classes of the companion server, in the order of their numbers.  A class joins the
+// server and its type library by its member table and its line here.
 #pragma once
 
 #include "frame/services_members.h"
-#include "services/clsVersionRegistry.h"
+#include "services/all.h"
 
 namespace tarvo {
 
@@ -20,10 +21,34 @@ struct Members<LibTarvoCI::clsVersionRegistry> : Members<clsVersionRegistry> {
 
 namespace LibTarvoCI {
 
-using PublicClasses =
-    tarvo::ClassList<tarvo::clsError, tarvo::clsMessage, tarvo::clsTexto, tarvo::clsConvert,
-                     tarvo::clsUtilDate, tarvo::clsUtilMathOperations, tarvo::clsUtilFile,
-                     tarvo::clsApi, tarvo::clsUtReport, clsVersionRegistry, tarvo::clsDefGen,
-                     tarvo::clsErrorCodesIG>;
+class MessageBoxes;  // the server's own, on Windows only: services/com/message_boxes.h
+
+// A public class: the contract, which is what its member table describes, and the stand-in that a
+// client gets when it creates one.  Only a name for the two.
+template <class Contract, class StandIn>
+struct Offer;
+
+// As a list of classes, it is that of the contracts: what the type library describes.
+template <class... Offers>
+struct OfferList;
+template <class... Contracts, class... StandIns>
+struct OfferList<Offer<Contracts, StandIns>...> : tarvo::ClassList<Contracts...> {};
+
+// A line for each class.
+// clang-format off
+using PublicClasses = OfferList<
+    Offer<tarvo::clsError, clsError>,
+    Offer<tarvo::clsMessage, MessageBoxes>,
+    Offer<tarvo::clsTexto, clsTexto>,
+    Offer<tarvo::clsConvert, clsConvert>,
+    Offer<tarvo::clsUtilDate, clsUtilDate>,
+    Offer<tarvo::clsUtilMathOperations, clsUtilMathOperations>,
+    Offer<tarvo::clsUtilFile, clsUtilFile>,
+    Offer<tarvo::clsApi, clsApi>,
+    Offer<tarvo::clsUtReport, clsUtReport>,
+    Offer<clsVersionRegistry, clsVersionRegistry>,
+    Offer<tarvo::clsDefGen, clsDefGen>,
+    Offer<tarvo::clsErrorCodesIG, clsErrorCodesIG>>;
+// clang-format on
 
 }  // namespace LibTarvoCI

@@ -2,7 +2,6 @@
 #include "frame/application.h"
 #include "frame/com/server.h"
 #include "frame/com/vtable.h"
-#include "services/all.h"
 #include "services/com/message_boxes.h"
 #include "services/public_classes.h"
 
@@ -18,28 +17,18 @@ const Application& application() noexcept {
 namespace com {
 namespace {
 
-// A contract's class, and the stand-in that a client gets for it.
-const std::array kClasses{
-    comClass<clsError, LibTarvoCI::clsError>(),
-    comClass<clsMessage, LibTarvoCI::MessageBoxes>(),
-    comClass<clsTexto, LibTarvoCI::clsTexto>(),
-    comClass<clsConvert, LibTarvoCI::clsConvert>(),
-    comClass<clsUtilDate, LibTarvoCI::clsUtilDate>(),
-    comClass<clsUtilMathOperations, LibTarvoCI::clsUtilMathOperations>(),
-    comClass<clsUtilFile, LibTarvoCI::clsUtilFile>(),
-    comClass<clsApi, LibTarvoCI::clsApi>(),
-    comClass<clsUtReport, LibTarvoCI::clsUtReport>(),
-    comClass<LibTarvoCI::clsVersionRegistry>(),
-    comClass<clsDefGen, LibTarvoCI::clsDefGen>(),
-    comClass<clsErrorCodesIG, LibTarvoCI::clsErrorCodesIG>(),
-};
-static_assert(std::tuple_size_v<decltype(kClasses)> == LibTarvoCI::PublicClasses::infos.size(),
-              "as many classes are offered as the type library has");
+template <class... Contracts, class... StandIns>
+std::array<ComClass, sizeof...(Contracts)> comClasses(
+    LibTarvoCI::OfferList<LibTarvoCI::Offer<Contracts, StandIns>...>) {
+  static_assert((std::is_base_of_v<Contracts, StandIns> && ...), "a stand-in has its contract");
+  return {comClass<Contracts, StandIns>()...};
+}
 
 }  // namespace
 
 const ServerDescription& serverDescription() {
-  static const ServerDescription description{&kCoreLibrary, kClasses};
+  static const auto classes = comClasses(LibTarvoCI::PublicClasses{});
+  static const ServerDescription description{&kCoreLibrary, classes};
   return description;
 }
 

@@ -6,6 +6,7 @@
 namespace tarvo::client {
 namespace {
 
+constexpr wchar_t kClassOfNameKey[] = L"Software\\Classes\\LibTarvoRdpCI.clsUtilImp\\CLSID";
 constexpr wchar_t kClassKey[] = L"Software\\Classes\\CLSID\\{6EBE584D-9189-4448-8733-932D5F4DAD12}";
 
 // A key's default value; "(none)" when the key is not there.
@@ -18,6 +19,38 @@ std::string valueOf(HKEY root, const std::wstring& path, const wchar_t* name = n
   }
   return utf8(com::fromWide(value));
 }
+
+// On a 64-bit Windows each bitness has class keys of its own in the machine's registry.
+bool isWindows64Bit() {
+  BOOL isBeside64Bit = FALSE;
+  IsWow64Process(GetCurrentProcess(), &isBeside64Bit);
+  return sizeof(void*) == 8 || isBeside64Bit;
+}
+
+// For its life, the class is registered for the programs of the other bitness as well; on a 32-bit
+// Windows, where there are none, that is once more for those that there are.
+class ClassOfOtherBitness {
+ public:
+  ClassOfOtherBitness() {
+    HKEY key = nullptr;
+    RegCreateKeyExW(HKEY_LOCAL_MACHINE, kClassKey, 0, nullptr, 0, KEY_WRITE | kView, nullptr, &key,
+                    nullptr);
+    RegCloseKey(key);
+  }
+  ~ClassOfOtherBitness() { RegDeleteKeyExW(HKEY_LOCAL_MACHINE, kClassKey, kView, 0); }
+
+  bool isThere() const {
+    HKEY key = nullptr;
+    if (RegOpenKeyExW(HKEY_LOCAL_MACHINE, kClassKey, 0, KEY_READ | kView, &key) != ERROR_SUCCESS) {
+      return false;
+    }
+    RegCloseKey(key);
+    return true;
+  }
+
+ private:
+  static constexpr REGSAM kView = sizeof(void*) == 8 ? KEY_WOW64_32KEY : KEY_WOW64_64KEY;
+};
 
 // For its life, nobody may open a key of the machine's registry, as for an ordinary account.
 class ClosedKey {
@@ -77,8 +110,7 @@ TEST_F(Registration, ForTheMachineWritesEveryKey) {
   EXPECT_EQ("Apartment",
             valueOf(machine, std::wstring(kClassKey) + L"\\InprocServer32", L"ThreadingModel"));
   EXPECT_EQ("{6EBE5848-9189-4448-8733-932D5F4DAD12}", key(machine, L"\\TypeLib"));
-  EXPECT_EQ("{6EBE584D-9189-4448-8733-932D5F4DAD12}",
-            valueOf(machine, L"Software\\Classes\\LibTarvoRdpCI.clsUtilImp\\CLSID"));
+  EXPECT_EQ("{6EBE584D-9189-4448-8733-932D5F4DAD12}", valueOf(machine, kClassOfNameKey));
   EXPECT_EQ("(none)", key(HKEY_CURRENT_USER, L""));
 }
 
@@ -114,8 +146,7 @@ TEST_F(Registration, GoesToTheUserWhereTheMachinesRegistryIsClosed) {
   EXPECT_EQ("LibTarvoRdpCI.clsUtilImp", key(HKEY_CURRENT_USER, L""));
   EXPECT_EQ(utf8(com::fromWide(libraryPath().c_str())),
             key(HKEY_CURRENT_USER, L"\\InprocServer32"));
-  EXPECT_EQ("{6EBE584D-9189-4448-8733-932D5F4DAD12}",
-            valueOf(HKEY_CURRENT_USER, L"Software\\Classes\\LibTarvoRdpCI.clsUtilImp\\CLSID"));
+  EXPECT_EQ("{6EBE584D-9189-4448-8733-932D5F4DAD12}", valueOf(HKEY_CURRENT_USER, kClassOfNameKey));
 }
 
 TEST_F(Registration, UnregisteringRemovesBothWays) {
@@ -128,8 +159,26 @@ TEST_F(Registration, UnregisteringRemovesBothWays) {
   ASSERT_EQ(S_OK, library().unregisterServer());
   for (const HKEY root : {HKEY_LOCAL_MACHINE, HKEY_CURRENT_USER}) {
     EXPECT_EQ("(none)", key(root, L""));
-    EXPECT_EQ("(none)", valueOf(root, L"Software\\Classes\\LibTarvoRdpCI.clsUtilImp\\CLSID"));
+    EXPECT_EQ("(none)", valueOf(root, kClassOfNameKey));
   }
+}
+
+// The name is the same for both bitnesses, so it stays as long as one of them has the class.  On a
+// 32-bit Windows, where the 32-bit tests run, there is no other one that it could stay for.
+TEST_F(Registration, TheNameGoesWithTheLastBitness) {
+  ASSERT_EQ(S_OK, library().registerServer());
+  {
+    const ClassOfOtherBitness other;
+    ASSERT_TRUE(other.isThere());
+    ASSERT_EQ(S_OK, library().unregisterServer());
+    EXPECT_EQ("(none)", key(HKEY_LOCAL_MACHINE, L""));
+    EXPECT_EQ(isWindows64Bit(), other.isThere());
+    EXPECT_EQ(isWindows64Bit() ? "{6EBE584D-9189-4448-8733-932D5F4DAD12}" : "(none)",
+              valueOf(HKEY_LOCAL_MACHINE, kClassOfNameKey));
+  }
+  ASSERT_EQ(S_OK, library().registerServer());
+  ASSERT_EQ(S_OK, library().unregisterServer());
+  EXPECT_EQ("(none)", valueOf(HKEY_LOCAL_MACHINE, kClassOfNameKey));
 }
 
 TEST_F(Registration, UnregisteringSaysSoWhenItIsRefused) {

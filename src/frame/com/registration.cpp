@@ -3,6 +3,9 @@
 //
 // Keys (below Software\Classes): CLSID\{…} with InprocServer32, ProgID, TypeLib, Programmable; one
 // key per ProgID with its CLSID; and what the platform registers for a type library.
+//
+// 64-bit Windows keeps CLSID keys in two views, one for the programs of each bitness, while both
+// see the same ProgID keys.  So a ProgID's key goes with the last of the two registrations.
 #include "frame/com/automation.h"
 #include "frame/com/error_info.h"
 #include "frame/com/server.h"
@@ -16,7 +19,11 @@ HRESULT WINAPI UnRegisterTypeLibForUser(REFGUID, WORD, WORD, LCID, SYSKIND);
 namespace tarvo::com {
 namespace {
 
-constexpr SYSKIND kSystemKind = sizeof(void*) == 8 ? SYS_WIN64 : SYS_WIN32;
+constexpr bool kIs64Bit = sizeof(void*) == 8;
+constexpr SYSKIND kSystemKind = kIs64Bit ? SYS_WIN64 : SYS_WIN32;
+constexpr REGSAM kOwnView = 0;
+// The same as the own one on a 32-bit Windows, and wherever else there is no second view.
+constexpr REGSAM kViewOfOtherBitness = kIs64Bit ? KEY_WOW64_32KEY : KEY_WOW64_64KEY;
 
 void checkWin32(LSTATUS status) {
   if (status != ERROR_SUCCESS) {
@@ -92,21 +99,24 @@ void registerBelow(HKEY root, bool forUser) {
 }
 
 // A key that may not even be read is there.
-bool isThere(HKEY root, const Text& path) {
+bool isThere(HKEY root, const Text& path, REGSAM view) {
   HKEY key = nullptr;
-  const LSTATUS status = RegOpenKeyExW(root, wideText(path), 0, KEY_READ, &key);
+  const LSTATUS status = RegOpenKeyExW(root, wideText(path), 0, KEY_READ | view, &key);
   if (status == ERROR_SUCCESS) RegCloseKey(key);
   return status != ERROR_FILE_NOT_FOUND && status != ERROR_PATH_NOT_FOUND;
 }
 
 // Raises: when the key is there and cannot be removed.
 void removeKey(HKEY root, const Text& path) {
-  if (isThere(root, path)) checkWin32(RegDeleteTreeW(root, wideText(path)));
+  if (isThere(root, path, kOwnView)) checkWin32(RegDeleteTreeW(root, wideText(path)));
 }
 
 void removeBelow(HKEY root) {
   for (const ComClass& row : serverDescription().classes) {
-    removeKey(root, kClasses + u"\\CLSID\\" + braced(classId(*row.info)));
+    const Text classKey = kClasses + u"\\CLSID\\" + braced(classId(*row.info));
+    // First, so that where there is one view only, the class is not taken for the other bitness's.
+    removeKey(root, classKey);
+    if (isThere(root, classKey, kViewOfOtherBitness)) continue;
     removeKey(root, kClasses + u"\\" + fromAscii(row.info->progId()));
   }
 }

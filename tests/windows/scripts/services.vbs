@@ -297,17 +297,17 @@ Sub CheckAnswers
   HandOver
 End Sub
 
-' A script's own errors.  Wine's engine gives the number away and nothing else; where the
-' description comes along it is there, else it is the number's.
+' A script's own errors.  Wine's engine gives the number away and nothing else.
 Sub CheckErrors
   On Error Resume Next
   Dim failing
+  Const ENGINE = "Microsoft VBScript runtime error"
   Set failing = New FailingObject
   Set textService = failing
   HandOver
   failing.way = "overflow"
   channel.sWrite "x", 0
-  CheckErrorOfScript "a classic error of a script", 6, "Overflow", "Overflow", MODULE
+  CheckErrorOfScript "a classic error of a script", 6, "Overflow", "Overflow", ENGINE
   failing.way = "own"
   channel.sWrite "x", 0
   CheckErrorOfScript "an error of a script's own", ERROR_OF_OBJECT, _
@@ -343,13 +343,14 @@ Sub CheckErrors
   HandOver
 End Sub
 
+' An engine that names the error's source gives its description as well.  Otherwise the description
+' is the number's, and there is no source: the error is not the library's own.
 Sub CheckErrorOfScript(shows, number, neutral, given, givenSource)
-  If InStr(Err.Description, given & " < ") = 1 And given <> neutral Then
-    CheckError shows, number, given & " < fReplaceInvalidChars < sWriteToFileHandle < sWrite", _
-        givenSource
+  Const TRAIL = " < fReplaceInvalidChars < sWriteToFileHandle < sWrite"
+  If Err.Source = givenSource Then
+    CheckError shows, number, given & TRAIL, givenSource
   Else
-    CheckError shows, number, neutral & " < fReplaceInvalidChars < sWriteToFileHandle < sWrite", _
-        Err.Source
+    CheckError shows, number, neutral & TRAIL, ""
   End If
 End Sub
 
