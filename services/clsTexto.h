@@ -72,6 +72,8 @@ class clsTexto final : public tarvo::clsTexto {
 
   // Never true for an empty marker.
   bool fHolds(TextView valText, TextView valMarker) override;
+
+  bool mayBeBypassed() const noexcept override { return true; }
 };
 
 }  // namespace LibTarvoCI

@@ -1,7 +1,8 @@
 // Dates as automation counts them: days since 30 December 1899, the time of day as the fraction.
 //
 // The range is 1 January 100 to 31 December 9999.  Below zero the day part counts backwards but the
-// fraction still runs forwards: -1.25 is 29 December 1899, six in the morning.
+// fraction still runs forwards: -1.25 is 29 December 1899, six in the morning.  So serials are no
+// order of time: there the later time of a day has the lesser serial.
 #pragma once
 
 #include <compare>
@@ -9,13 +10,16 @@
 
 namespace tarvo {
 
+// Dates are equal when their serials are; they have no order of their own, see CivilTime.  The day
+// zero alone has two serials for a time after midnight, 0.5 and -0.5 for noon, which are not equal.
 struct Date {
   double serial = 0;
 
-  friend constexpr auto operator<=>(Date, Date) = default;
+  friend constexpr bool operator==(Date, Date) = default;
 };
 
-// A date in the parts that people read, by the proleptic Gregorian calendar.
+// A date in the parts that people read, by the proleptic Gregorian calendar.  The order of those
+// that civilTimeOf gives is the order of time.
 struct CivilTime {
   int year = 1899;
   int month = 12;  // 1 to 12

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <compare>
+#include <concepts>
 #include <limits>
 
 #include "equipment/errors.h"
@@ -18,6 +20,15 @@ void PrintTo(const CivilTime& time, std::ostream* out) {
 namespace {
 
 using test::errorNumberOf;
+
+// Serials below zero are no order of time, so nobody may compare dates by them unawares.
+template <class T>
+concept HasOrder = requires(T a, T b) {
+  a < b;
+};
+static_assert(std::equality_comparable<Date>);
+static_assert(!std::three_way_comparable<Date> && !HasOrder<Date>);
+static_assert(std::three_way_comparable<CivilTime> && HasOrder<CivilTime>);
 
 constexpr int kFirstDay = -657'434;
 constexpr int kLastDay = 2'958'465;
@@ -64,6 +75,28 @@ TEST(Date, IsMadeOfItsParts) {
 TEST(Date, BelowZeroOfOneDayTheFractionStillRunsForwards) {
   // Minus zero and a half is the same noon as zero and a half.
   EXPECT_EQ(civilTimeOf({-0.5}), civilTimeOf({0.5}));
+}
+
+TEST(Date, SerialsAreEqualOrNot) {
+  EXPECT_EQ(Date{-1.25}, Date{-1.25});
+  EXPECT_EQ(Date{0.0}, Date{-0.0});
+  EXPECT_NE(Date{-1.25}, Date{-1.5});
+  EXPECT_NE(Date{-1.25}, Date{1.25});
+  // Two serials of one noon.
+  EXPECT_NE(Date{-0.5}, Date{0.5});
+}
+
+TEST(Date, TheOrderOfItsPartsIsTheOrderOfTime) {
+  const double inOrder[] = {-657'434, -657'434.25, -657'433, -2.75,     -1,     -1.25,
+                            -1.75,    0,           -0.25,    0.5,       -0.75,  1,
+                            1.5,      2,           36'525,   36'525.75, 36'526, 2'958'465.75};
+  for (std::size_t later = 1; later < std::size(inOrder); ++later) {
+    for (std::size_t earlier = 0; earlier < later; ++earlier) {
+      EXPECT_TRUE(civilTimeOf({inOrder[earlier]}) < civilTimeOf({inOrder[later]}))
+          << inOrder[earlier] << " before " << inOrder[later];
+    }
+  }
+  EXPECT_TRUE(std::is_eq(civilTimeOf({-0.5}) <=> civilTimeOf({0.5})));
 }
 
 TEST(Date, TheWeekdayIsNotReadWhenADateIsMade) {

@@ -7,8 +7,12 @@
 //   print_samples pause PRINTER         one line; waits for a line on the standard input before the
 //                                       document ends
 //   print_samples close PRINTER         one line of a document that is closed without being ended
+//   print_samples reopen PRINTER NEXT   one line of the document "Abierto", which is left without
+//                                       being ended or closed; then, on the same spooler, two lines
+//                                       of "Siguiente" on the printer NEXT
 //
-// The spooler's answers of "pause", "close" and "bulk" are printed, with its code after a failure.
+// The spooler's answers of "pause", "close", "bulk" and "reopen" are printed, with its code after a
+// failure.
 #include <cstdio>
 #include <cstdlib>
 #include <iostream>
@@ -68,19 +72,24 @@ bool step(Spooler& spooler, const char* name, bool answer) {
   return answer;
 }
 
+// Opens the printer and writes the lines of a document that goes on; false when it cannot begin.
+bool beginDocument(Spooler& spooler, TextView printer, const Text& title, int lines,
+                   PrinterHandle& handle) {
+  if (!step(spooler, "openPrinter", spooler.openPrinter(printer, handle))) return false;
+  if (!step(spooler, "startDocument", spooler.startDocument(handle, {title, {}, {}}))) return false;
+  spooler.startPage(handle);
+  bool written = true;
+  for (int i = 1; i <= lines; ++i) {
+    written &= spooler.write(handle, std::to_string(i) + " " + std::string(70, '.') + "\r\n");
+  }
+  step(spooler, "write", written);
+  return true;
+}
+
 int printDocument(const std::string& command, TextView printer, int lines) {
   const Ref<Spooler> spooler = tarvo::makeSpooler();
   PrinterHandle handle = 0;
-  if (!step(*spooler, "openPrinter", spooler->openPrinter(printer, handle))) return 1;
-  if (!step(*spooler, "startDocument", spooler->startDocument(handle, {u"Listado", {}, {}}))) {
-    return 1;
-  }
-  spooler->startPage(handle);
-  bool written = true;
-  for (int i = 1; i <= lines; ++i) {
-    written &= spooler->write(handle, std::to_string(i) + " " + std::string(70, '.') + "\r\n");
-  }
-  step(*spooler, "write", written);
+  if (!beginDocument(*spooler, printer, u"Listado", lines, handle)) return 1;
   if (command == "pause") {
     std::string line;
     std::getline(std::cin, line);
@@ -89,6 +98,18 @@ int printDocument(const std::string& command, TextView printer, int lines) {
   if (command != "close") {
     step(*spooler, "endDocument", spooler->endDocument(handle));
   }
+  return step(*spooler, "closePrinter", spooler->closePrinter(handle)) ? 0 : 1;
+}
+
+int printReopened(TextView printer, TextView next) {
+  const Ref<Spooler> spooler = tarvo::makeSpooler();
+  PrinterHandle left = 0;
+  if (!beginDocument(*spooler, printer, u"Abierto", 1, left)) return 1;
+  PrinterHandle handle = 0;
+  const bool goesOn = beginDocument(*spooler, next, u"Siguiente", 2, handle);
+  step(*spooler, "endDocument of the first", spooler->endDocument(left));
+  if (!goesOn) return 1;
+  step(*spooler, "endDocument", spooler->endDocument(handle));
   return step(*spooler, "closePrinter", spooler->closePrinter(handle)) ? 0 : 1;
 }
 
@@ -111,6 +132,8 @@ int main(int argc, char** argv) {
     printCalibration(printer);
   } else if (command == "title" && argc == 4) {
     printTitled(printer, tarvo::fromUtf8(argv[3]));
+  } else if (command == "reopen" && argc == 4) {
+    return printReopened(printer, tarvo::fromUtf8(argv[3]));
   } else if (command == "bulk" && argc == 4) {
     return printDocument(command, printer, std::atoi(argv[3]));
   } else if (command == "pause" || command == "close") {

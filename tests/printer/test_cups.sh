@@ -100,6 +100,33 @@ startDocument: true
 write: true
 closePrinter: true' "$(cat "$work/close")"
 
+# A document that is left open is completed by the next openPrinter, whether that succeeds or not.
+"$samples" bulk "file:$work/one" 1 >/dev/null || fail 'printing a line into a file'
+"$samples" bulk "file:$work/two" 2 >/dev/null || fail 'printing two lines into a file'
+"$samples" reopen rawq rawq >"$work/reopened" || fail 'printing after a document that was left open'
+says 'the answers after a document that was left open' 'openPrinter: true
+startDocument: true
+write: true
+openPrinter: true
+startDocument: true
+write: true
+endDocument of the first: false, error 9
+endDocument: true
+closePrinter: true' "$(cat "$work/reopened")"
+expect_jobs 2
+same 'the document that was left open' "$work/one" "$jobs/job-$((count - 1)).prn"
+says 'the title of the document that was left open' 'Abierto' "$(title_of $((count - 1)))"
+same 'the document after it' "$work/two" "$jobs/job-$count.prn"
+says 'the title of the document after it' 'Siguiente' "$(title_of $count)"
+says 'an unknown printer after a document that was left open' 'openPrinter: true
+startDocument: true
+write: true
+openPrinter: false, error 1030
+endDocument of the first: false, error 9' "$("$samples" reopen rawq nosuch)"
+expect_jobs 1
+same 'the document before the unknown printer' "$work/one" "$jobs/job-$count.prn"
+says 'its title' 'Abierto' "$(title_of $count)"
+
 # paused_print COMMAND...: a document in whose pause the command runs
 paused_print() {
   mkfifo "$work/operator"
