@@ -1,7 +1,8 @@
 #include "services/date_parts.h"
 
+#include <array>
+
 #include "frame/run_time_error.h"
-#include "services/digits.h"
 
 namespace LibTarvoCI {
 
@@ -13,12 +14,13 @@ tarvo::CivilTime timeOf(Date date) try {
 
 void dayMonthYear(Date date, Text& result) {
   const tarvo::CivilTime time = timeOf(date);
-  result.clear();
-  appendDigits(result, static_cast<std::uint64_t>(time.day), 2);
-  result.push_back(u'/');
-  appendDigits(result, static_cast<std::uint64_t>(time.month), 2);
-  result.push_back(u'/');
-  appendDigits(result, static_cast<std::uint64_t>(time.year), 4);
+  const auto digit = [](int number) { return static_cast<char16_t>(u'0' + number % 10); };
+  const std::array<char16_t, 10> text{
+      digit(time.day / 10),    digit(time.day),        u'/',
+      digit(time.month / 10),  digit(time.month),      u'/',
+      digit(time.year / 1000), digit(time.year / 100), digit(time.year / 10),
+      digit(time.year)};
+  result.assign(text.data(), text.size());
 }
 
 }  // namespace LibTarvoCI

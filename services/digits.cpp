@@ -1,5 +1,6 @@
 #include "services/digits.h"
 
+#include <algorithm>
 #include <array>
 
 namespace LibTarvoCI {
@@ -21,8 +22,9 @@ std::uint64_t magnitudeOf(Currency value) noexcept {
 }
 
 std::uint64_t roundedMagnitude(std::uint64_t magnitude, int decimals) noexcept {
-  std::uint64_t step = 1;
-  for (int i = decimals; i < Currency::kDecimals; ++i) step *= 10;
+  constexpr std::array<std::uint64_t, Currency::kDecimals + 1> kSteps{10'000, 1'000, 100, 10, 1};
+  const std::uint64_t step =
+      kSteps[static_cast<std::size_t>(std::min(decimals, Currency::kDecimals))];
   const std::uint64_t rest = magnitude % step;
   const std::uint64_t whole = magnitude - rest;
   return rest * 2 < step ? whole : whole + step;

@@ -1,60 +1,84 @@
 #include "services/number_field.h"
 
 #include <algorithm>
+#include <array>
 
 #include "services/digits.h"
 
 namespace LibTarvoCI {
 namespace {
 
-constexpr std::size_t kGroup = 3;
+// A number written from its last character to its first.
+class Written {
+ public:
+  void put(char16_t character) noexcept { *--first_ = character; }
 
-std::size_t digitCount(std::uint64_t number) {
-  std::size_t count = 1;
-  for (; number >= 10; number /= 10) ++count;
-  return count;
-}
-
-void insertMarks(Text& text, std::size_t firstDigit, std::size_t digits, char16_t mark) {
-  for (std::size_t fromRight = kGroup; fromRight < digits; fromRight += kGroup) {
-    text.insert(firstDigit + digits - fromRight, 1, mark);
+  // The digits of a whole number, at least one, with a mark before each third one but the first.
+  void putUnits(std::uint64_t number, char16_t mark) noexcept {
+    for (int digits = 0; number != 0 || digits == 0; ++digits) {
+      if (mark != 0 && digits != 0 && digits % 3 == 0) put(mark);
+      put(static_cast<char16_t>(u'0' + number % 10));
+      number /= 10;
+    }
   }
-}
 
-void appendDecimals(Text& text, std::uint64_t fraction, const NumberField& field) {
-  if (field.decimals == 0) return;
-  text.push_back(field.decimalMark);
-  const std::size_t first = text.size();
-  appendDigits(text, fraction, Currency::kDecimals);
-  text.resize(first + static_cast<std::size_t>(field.decimals), u'0');
+  // That many digits of a fraction, which is in ten-thousandths.
+  void putDecimals(std::uint64_t fraction, int count) noexcept {
+    for (int i = Currency::kDecimals; i > count; --i) fraction /= 10;
+    for (int i = 0; i < count; ++i, fraction /= 10) {
+      put(static_cast<char16_t>(u'0' + fraction % 10));
+    }
+  }
+
+  TextView text() const noexcept {
+    return {first_, static_cast<std::size_t>(characters_.data() + characters_.size() - first_)};
+  }
+
+ private:
+  std::array<char16_t, 40> characters_;  // a sign, 15 digits, 4 marks, a mark, 4 digits at most
+  char16_t* first_ = characters_.data() + characters_.size();
+};
+
+struct Amount {
+  std::uint64_t rounded;
+  char16_t sign;  // 0: none
+};
+
+Written write(const Amount& amount, const NumberField& field, char16_t thousandsMark) {
+  Written written;
+  if (field.decimals > 0) {
+    written.putDecimals(amount.rounded % Currency::kUnit,
+                        std::min(field.decimals, Currency::kDecimals));
+    written.put(field.decimalMark);
+  }
+  written.putUnits(amount.rounded / Currency::kUnit, thousandsMark);
+  if (amount.sign != 0) written.put(amount.sign);
+  return written;
 }
 
 }  // namespace
 
 void formatField(Currency value, const NumberField& field, Text& result) {
   const std::uint64_t rounded = roundedMagnitude(magnitudeOf(value), field.decimals);
-  const std::uint64_t units = rounded / Currency::kUnit;
   const bool isNegative = value.tenThousandths < 0 && rounded != 0;
   const bool isEnclosed = isNegative && field.parenthesis;
+  const Amount amount{rounded, isEnclosed ? u'(' : isNegative ? u'-' : char16_t{0}};
+  const auto zeros = static_cast<std::size_t>(std::max(field.decimals - Currency::kDecimals, 0));
+  const std::size_t behind = zeros + (isEnclosed ? 1 : 0);
 
-  const std::size_t digits = digitCount(units);
-  const std::size_t marks = (digits - 1) / kGroup;
-  std::size_t plainWidth = digits + (isNegative ? 1 : 0) + (isEnclosed ? 1 : 0);
-  if (field.decimals > 0) plainWidth += 1 + static_cast<std::size_t>(field.decimals);
-
-  result.clear();
-  if (field.width != 0 && plainWidth > field.width) {
-    result.append(field.width, u'*');
+  Written number = write(amount, field, field.thousandsMark);
+  const auto fits = [&] {
+    return field.width == 0 || number.text().size() + behind <= field.width;
+  };
+  if (!fits()) number = write(amount, field, 0);
+  if (!fits()) {
+    result.assign(field.width, u'*');
     return;
   }
-  const bool hasMarks = field.width == 0 || plainWidth + marks <= field.width;
-  const std::size_t used = plainWidth + (hasMarks ? marks : 0);
-  if (used < field.width) result.append(field.width - used, u' ');
-  if (isNegative) result.push_back(isEnclosed ? u'(' : u'-');
-  const std::size_t firstDigit = result.size();
-  appendDigits(result, units);
-  if (hasMarks) insertMarks(result, firstDigit, digits, field.thousandsMark);
-  appendDecimals(result, rounded % Currency::kUnit, field);
+  const std::size_t used = number.text().size() + behind;
+  result.assign(used < field.width ? field.width - used : 0, u' ').append(number.text());
+  if (behind == 0) return;
+  result.append(zeros, u'0');
   if (isEnclosed) result.push_back(u')');
 }
 

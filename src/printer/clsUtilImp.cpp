@@ -3,7 +3,6 @@
 #include <array>
 #include <utility>
 
-#include "frame/borrowed.h"
 #include "frame/checked.h"
 #include "frame/codepage.h"
 #include "frame/modRDPGlobalValues.h"

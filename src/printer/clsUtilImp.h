@@ -31,6 +31,7 @@
 #include <cstdint>
 #include <string>
 
+#include "frame/borrowed.h"
 #include "frame/text.h"
 #include "frame/trapped.h"
 #include "frame/value.h"
@@ -256,9 +257,9 @@ class clsUtilImp final : public TrappedObject {
 
   // Storage that is kept between writes, so that a write allocates nothing once it has grown.
   // A write borrows it (frame/borrowed.h): a service may come back to this object meanwhile.
-  Text lineStorage_;
-  Text replacedStorage_;
-  std::string byteStorage_;
+  Kept<Text> lineStorage_;
+  Kept<Text> replacedStorage_;
+  Kept<std::string> byteStorage_;
 };
 
 }  // namespace tarvo
