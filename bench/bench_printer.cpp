@@ -3,28 +3,11 @@
 
 #include <string>
 
-#include "equipment/allocations.h"
+#include "count_allocations.h"
 #include "printer_lines.h"
 
 namespace tarvo::bench {
 namespace {
-
-// Counts the allocations of the measured part; there must be none, since the storage is warm.
-class CountAllocations {
- public:
-  explicit CountAllocations(benchmark::State& state) : state_(state) {}
-  CountAllocations(const CountAllocations&) = delete;
-  CountAllocations& operator=(const CountAllocations&) = delete;
-  ~CountAllocations() {
-    const auto made = static_cast<double>(test::allocations() - before_);
-    state_.counters["allocations"] = benchmark::Counter(made, benchmark::Counter::kAvgIterations);
-    if (made > 0) state_.SkipWithError("a write allocates");
-  }
-
- private:
-  benchmark::State& state_;
-  std::size_t before_ = test::allocations();
-};
 
 void writeLine(benchmark::State& state, const PrinterLine& line) {
   const Ref<clsUtilImp> channel = openPrinter();

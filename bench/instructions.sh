@@ -1,14 +1,13 @@
 #!/bin/sh
-# Instructions of one sWriteLn, which unlike nanoseconds are the same on every run.
+# Instructions of one line, which unlike nanoseconds are the same on every run.
 #
-#   instructions.sh WRITE_LINES [KIND...]
+#   instructions.sh PROGRAM KIND...
 #
-# Each kind of line is written N and 2N times under callgrind; what the second N cost, divided by N,
+# The program makes each kind of line N and 2N times under callgrind; what the second N cost, divided by N,
 # is the cost of one, with the start of the program left out.
 set -eu
 program=$1
 shift
-[ $# -gt 0 ] || set -- plain spanish plain_margin spanish_margin empty
 command -v valgrind >/dev/null || { echo "instructions: valgrind is not installed" >&2; exit 1; }
 n=20000
 

@@ -13,8 +13,8 @@ for program in $(find build/bench -type f -name 'bench_*' -perm -u+x | sort); do
 done
 [ $found -eq 1 ] || { echo "bench: the build has no benchmarks" >&2; exit 1; }
 
-echo "== instructions of one write"
-bench/instructions.sh build/bench/bench/write_lines
+echo "== instructions"
+cmake --build build/bench --target instructions | grep instructions\$
 
 for bits in 64 32; do
   if ! have_cross_compiler $bits; then

@@ -1,0 +1,320 @@
+// One special variable of a template line: {RECORD.FIELD,ATTRIBUTE,ATTRIBUTE,...}
+//
+// It lives in three steps.  sExtract() finds the first variable of a line and reads what is written
+// between its braces; the client looks at the names and gives the value with one of the
+// SetContent... operations; sFormatSpecialVar() makes the text to print.  It knows nothing of the
+// line around it but the positions of its braces: see clsObLineCharacts.h.
+//
+// Positions count from 1; 0 means that there is none.  A width, a number of decimals and an element
+// number are bytes: one above 255, and any other number that does not fit its type, is error 6.
+//
+// Messages: an attribute that nobody knows is shown to the operator, and the rest is read.
+//
+// Errors: every operation but the accessors follows the convention of trapped.h.  What a failing
+// operation had set until then stays set.
+//
+// Threads: the client's.  One object serves one variable at a time, any number one after the other.
+#pragma once
+
+#include <cstdint>
+
+#include "frame/borrowed.h"
+#include "frame/currency.h"
+#include "frame/date.h"
+#include "frame/enums.h"
+#include "frame/text.h"
+#include "frame/trapped.h"
+#include "frame/value.h"
+#include "template/parsed_variable.h"
+#include "template/parsed_variables.h"
+
+namespace tarvo {
+
+class clsObSpecialVar final : public TrappedObject {
+ public:
+  // Default: what sClrObject() sets.
+  clsObSpecialVar();
+  ~clsObSpecialVar() override;
+
+  // --- What stands between the braces.  The setters keep what they are given: nothing is checked
+  // --- or converted.
+
+  // Before sExtract the text to read, afterwards the text between the braces.
+  const Text& GetReadText() const noexcept { return names().readText; }
+  void SetReadText(TextView valNewValue) { ownNames().readText = valNewValue; }
+
+  // The formatted value: what is printed in the variable's place.
+  const Text& GetTextToWrite() const noexcept { return textToWrite_; }
+  void SetTextToWrite(TextView valNewValue) { textToWrite_ = valNewValue; }
+
+  // The part before the first ".", in the case in which it was written; may be empty.
+  const Text& GetRecordName() const noexcept { return names().recordName; }
+  void SetRecordName(TextView valNewValue) { ownNames().recordName = valNewValue; }
+
+  // In capitals, but for a name that begins with "@".
+  const Text& GetFieldName() const noexcept { return names().fieldName; }
+  void SetFieldName(TextView valNewValue) { ownNames().fieldName = valNewValue; }
+
+  // Whether an element number in brackets was written, and the number, 0 to 255.
+  bool GetIsFieldOfArray() const noexcept { return a_.isFieldOfArray; }
+  void SetIsFieldOfArray(bool valNewValue) noexcept { a_.isFieldOfArray = valNewValue; }
+  std::uint8_t GetArrayPosition() const noexcept { return a_.arrayPosition; }
+  void SetArrayPosition(std::uint8_t valNewValue) noexcept { a_.arrayPosition = valNewValue; }
+
+  // --- The value, one for each kind; GetTypeField says which counts.
+
+  const Text& GetContentString() const noexcept { return contentString_; }
+  Currency GetContentNumeric() const noexcept { return contentNumeric_; }
+  // Default: 1 January 1900.
+  Date GetContentDate() const noexcept { return contentDate_; }
+  bool GetContentBool() const noexcept { return contentBool_; }
+  const Text& GetContentEnum() const noexcept { return contentEnum_; }
+
+  // --- How the value is laid out.
+
+  bool GetAlignmentWasRead() const noexcept { return a_.alignmentWasRead; }
+  void SetAlignmentWasRead(bool valNewValue) noexcept { a_.alignmentWasRead = valNewValue; }
+  // Default: eAT_Left.
+  eAlignmentType GetAlignmentType() const noexcept { return a_.alignmentType; }
+  void SetAlignmentType(eAlignmentType valNewValue) noexcept { a_.alignmentType = valNewValue; }
+
+  // The kind of the value that was given last.  Default: TFR_String.
+  eTypeFieldRecord GetTypeField() const noexcept { return typeField_; }
+
+  // Characters that the value takes; 0: as many as it has.
+  std::uint8_t GetLength() const noexcept { return a_.length; }
+  void SetLength(std::uint8_t valNewValue) noexcept { a_.length = valNewValue; }
+  // Decimals of a number.
+  std::uint8_t GetDecimalPlaces() const noexcept { return a_.decimalPlaces; }
+  void SetDecimalPlaces(std::uint8_t valNewValue) noexcept { a_.decimalPlaces = valNewValue; }
+
+  // Marks between a number's thousands.  Default: true.
+  bool GetPrintComa() const noexcept { return a_.printComa; }
+  void SetPrintComa(bool valNewValue) noexcept { a_.printComa = valNewValue; }
+  // False: a number 0 prints as blanks.  Default: true.
+  bool GetPrintZero() const noexcept { return a_.printZero; }
+  void SetPrintZero(bool valNewValue) noexcept { a_.printZero = valNewValue; }
+  // The value without the blanks around it, narrower than its width.
+  bool GetNotSpacesToTheSides() const noexcept { return a_.notSpacesToTheSides; }
+  void SetNotSpacesToTheSides(bool valNewValue) noexcept { a_.notSpacesToTheSides = valNewValue; }
+  // Zeros instead of a number's blanks.
+  bool GetFillWithZero() const noexcept { return a_.fillWithZero; }
+  void SetFillWithZero(bool valNewValue) noexcept { a_.fillWithZero = valNewValue; }
+  // "," between thousands and "." before decimals, instead of the other way round.
+  bool GetSeparatorOfCommasAndDot() const noexcept { return a_.separatorOfCommasAndDot; }
+  void SetSeparatorOfCommasAndDot(bool valNewValue) noexcept {
+    a_.separatorOfCommasAndDot = valNewValue;
+  }
+  // A text of one character is repeated over its width.
+  bool GetRepeatCharsUntilFill() const noexcept { return a_.repeatCharsUntilFill; }
+  void SetRepeatCharsUntilFill(bool valNewValue) noexcept { a_.repeatCharsUntilFill = valNewValue; }
+
+  // The value decides about its line but is not printed itself.
+  bool GetVariableToWriteEmpty() const noexcept { return a_.variableToWriteEmpty; }
+  void SetVariableToWriteEmpty(bool valNewValue) noexcept { a_.variableToWriteEmpty = valNewValue; }
+  // An empty value suppresses the line.
+  bool GetVariableToApplyCondition() const noexcept { return a_.variableToApplyCondition; }
+  void SetVariableToApplyCondition(bool valNewValue) noexcept {
+    a_.variableToApplyCondition = valNewValue;
+  }
+
+  // --- Where it stands in its line: the two braces, and the number of characters between them.
+
+  std::int16_t GetPosEnd() const noexcept { return posEnd_; }
+  void SetPosEnd(std::int16_t valNewValue) noexcept { posEnd_ = valNewValue; }
+  std::int16_t GetPosBegin() const noexcept { return posBegin_; }
+  void SetPosBegin(std::int16_t valNewValue) noexcept { posBegin_ = valNewValue; }
+  std::int16_t GetSize() const noexcept { return size_; }
+  void SetSize(std::int16_t valNewValue) noexcept { size_ = valNewValue; }
+
+  // --- IIF(condition,value,value...): what is printed for an enumeration or a boolean.
+
+  bool GetValueComesInAttrib() const noexcept { return a_.valueComesInAttrib; }
+  void SetValueComesInAttrib(bool valNewValue) noexcept { a_.valueComesInAttrib = valNewValue; }
+  // An array of texts once an IIF was read; sClrObject leaves it as it is.  Default: Empty.
+  const Value& GetIifPossibleValues() const noexcept { return iifPossibleValues(); }
+  void SetIifPossibleValues(const Value& valNewValue);
+
+  // Whether a second number in brackets, the place of a character in the value, was written.
+  bool GetFieldOfArrayHasPositionInsideTheArray() const noexcept {
+    return a_.fieldOfArrayHasPositionInsideTheArray;
+  }
+  void SetFieldOfArrayHasPositionInsideTheArray(bool valNewValue) noexcept {
+    a_.fieldOfArrayHasPositionInsideTheArray = valNewValue;
+  }
+
+  // --- What the line and the engines keep here.
+
+  // False: the line that holds the variable is not printed.  Default: true.
+  bool GetPrintLine() const noexcept { return printLine_; }
+  void SetPrintLine(bool valNewValue) noexcept { printLine_ = valNewValue; }
+  // A line that is printed once per value: whether this is a later pass, and whether it is the
+  // last.  Default: false, true.
+  bool GetLineOfRepeatToPrint() const noexcept { return lineOfRepeatToPrint_; }
+  void SetLineOfRepeatToPrint(bool valNewValue) noexcept { lineOfRepeatToPrint_ = valNewValue; }
+  bool GetEndOfRepeatPrintLine() const noexcept { return endOfRepeatPrintLine_; }
+  void SetEndOfRepeatPrintLine(bool valNewValue) noexcept { endOfRepeatPrintLine_ = valNewValue; }
+
+  // PATRONSEPARADOR=: codes of the blanks between the value's characters, see
+  // clsObSpecialVar_pattern.cpp.
+  bool GetUsingSpecialSeparationString() const noexcept { return a_.usingSpecialSeparationString; }
+  const Text& GetSpecialSeparationString() const noexcept {
+    return names().specialSeparationString;
+  }
+
+  // --- Reading what is written.
+
+  // Back to the defaults, all but IifPossibleValues.
+  void sClrObject();
+
+  // Reads the first variable of the line; without one PosBegin is 0 and everything else empty.
+  // Raises: 5 for a "{" without a "}" after it, or whose line has a "}" before it.
+  void sExtract(TextView valText);
+
+  // Reads ReadText: names, then attributes.
+  void sExtractFieldAndCharacteristics();
+
+  // Takes "[n]" or "[n][m]" off the end of a name.  Raises: 13 when n or m is no number.
+  void sExtractIfHasNumberArrayElement(Text& refName);
+
+  // Reads "[m]".
+  void sExtractIfHasIndexOfValueInArrayElement(Text& refName);
+
+  // Reads the argument of an IIF, and takes it off the text.  Without ")" it is empty, and nothing
+  // is taken off.
+  // A value with brackets is read only after QLR.  Without QLR this does not end: the message about
+  // the unknown attribute comes again and again, until the message service raises an error.
+  void sExtractIfHasFunction(Text& refFieldCharacteristic);
+
+  // The same for DATEFORMAT.
+  void sExtractIfHasDateFormat(Text& refFieldCharacteristic);
+
+  // Applies one attribute: a word of template/attribute_words.h, a number (the first is the width,
+  // a later one the decimals), or PATRONSEPARADOR=.
+  void sReadAttribute(TextView valText);
+
+  // --- Giving the value.  The last one counts.  Nothing is formatted yet.
+
+  // Aligned to the left, unless an alignment was read.
+  void SetContentString(TextView valValue);
+  // Aligned to the right, unless an alignment was read.
+  void SetContentNumeric(Currency valValue, bool valParenthesisIfNegative);
+  void SetContentDate(Date valValue);
+  // What is printed for it stands in the variable's IIF.
+  void SetContentEnum(TextView valValue);
+  void SetContentBoolean(bool valValue);
+
+  // A text of which each character is one element: gives the character at the variable's element
+  // number, or the whole text when there is none, as SetContentString does.
+  //   valMaxWidth         to which the text is brought first when valDoFillWithSpace is true
+  //   valIndexPosition    -1: take the variable's place; any other number: the whole text
+  //   valPropertyArrayPositionIsValidForSet, valArrayPosition
+  //                       where the element number comes from when the template has no second one:
+  //                       true, or -1 together with valDoFillWithSpace: ArrayPosition; otherwise
+  //                       valArrayPosition
+  void SetContentArray(TextView valValue, std::uint8_t valMaxWidth, std::int16_t valIndexPosition,
+                       bool valDoFillWithSpace, bool valPropertyArrayPositionIsValidForSet,
+                       std::int16_t valArrayPosition);
+
+  // --- Formatting.
+
+  // Makes TextToWrite of the value.
+  // Raises: 13 for an enumeration without an IIF; 9 for an IIF that lacks the value; 6 for a text
+  // that cannot be justified to its width.
+  void sFormatSpecialVar();
+
+  // Aligns TextToWrite in Length characters.
+  void sAlignTextToWrite();
+
+  // Whether the value counts as none: an empty text, a number 0, a date before 1998, false.  Every
+  // other kind never does.
+  bool fIsEmpty();
+
+  // --- For the line, in place of sExtract (template_line.h).
+
+  // Takes over what was read from the same text before; `posBegin` is where it stands in the line.
+  // REQUIRES: the places of both braces are at most 32,767.
+  void takeParsed(const ParsedVariable& parsed, std::int16_t posBegin);
+
+  // Where the variable that sExtract read stands in the line.  REQUIRES: as above.
+  void standAt(std::int16_t posBegin) noexcept;
+
+  // What sExtract read last, when reading it again would have no other effect; else null.
+  Ref<const ParsedVariable> lastParsed() const noexcept { return lastParsed_; }
+
+ private:
+  const ErrorIdentity& errorIdentity() const noexcept override;
+
+  const VariableNames& names() const noexcept { return *names_; }
+  VariableNames& ownNames();
+  const Value& iifPossibleValues() const noexcept { return iif_->values; }
+  void setIifValues(Value values);
+  void clear();
+  void clearContent() noexcept;
+
+  // Reading the same text again (parsed_variable.h).
+  void readOrTakeParsed();
+  void raiseAttributesOfFreeVariable();
+  Ref<const ParsedVariable> parsedNow(const Ref<IifValues>& list);
+  void take(const ParsedVariable& parsed);
+
+  // The steps of the parse (clsObSpecialVar_parse.cpp).
+  bool readWord(TextView word);
+  void readNumber(TextView number);
+  void reportUnknownAttribute(TextView attribute);
+  void readIifValues(TextView written);
+  void readRecordName(Text& rest);
+  std::int32_t readFieldName(const Text& rest);
+  void fAssignSpacesBeforeAndAfterInConditionalValues(TextView values, Text& result);
+  void sExtractSpacesToLeftAndRigth(Text& refText);
+  void sConcatNextValueWithLeftAndRigthSpacesToDestiny(Text& refDestiny, Text& refValues);
+
+  // The steps of the formatting (clsObSpecialVar_format.cpp).
+  void finishTextToWrite();
+  void sFormatNumber();
+  void writePlainNumber(clsConvert& numbers);
+  void sFormatDate();
+  void sFormatString();
+  void sFormatEnum();
+  void sFormatBool();
+  void fJustifyStr(TextView text, std::int16_t width, Text& result);
+  void writePossibleValue(TextView content);
+  bool isPrintedNumber() const noexcept;
+  std::int16_t elementToTake(std::int16_t indexPosition, bool doFillWithSpace,
+                             bool arrayPositionIsValid, std::int16_t arrayPosition) const noexcept;
+
+  // The separator pattern (clsObSpecialVar_pattern.cpp).
+  void fDoSpecialSeparationString(TextView text, Text& result);
+  void fGetCharsFromSpecialSeparationString(std::int16_t gap, Text& result);
+  void fConvierteBCEnImprimible(TextView code, Text& result);
+
+  ParsedAttributes a_;
+  Ref<VariableNames> names_;
+  Ref<IifValues> iif_;
+  Ref<VariableNames> noNames_;
+  bool namesAreShared_ = false;
+
+  eTypeFieldRecord typeField_ = TFR_String;
+  bool contentBool_ = false;
+  bool parenthesisIfNegative_ = false;
+  bool printLine_ = true;
+  bool lineOfRepeatToPrint_ = false;
+  bool endOfRepeatPrintLine_ = true;
+  bool isRepeatable_ = false;  // reading the text again would have no other effect
+  std::int16_t posEnd_ = 0;
+  std::int16_t posBegin_ = 0;
+  std::int16_t size_ = 0;
+  Currency contentNumeric_;
+  Date contentDate_;
+  Text textToWrite_;
+  Text contentString_;
+  Text contentEnum_;
+
+  // Storage that is kept between operations; borrowed (frame/borrowed.h).
+  Kept<Text> scratch_;
+
+  ParsedVariables parsed_;
+  Ref<const ParsedVariable> lastParsed_;
+};
+
+}  // namespace tarvo

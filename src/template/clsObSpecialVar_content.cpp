@@ -1,0 +1,103 @@
+// The value that the client gives.
+#include "frame/modRDPGlobalValues.h"
+#include "template/clsObSpecialVar.h"
+
+namespace tarvo {
+namespace {
+
+// Dates of earlier years stand for no date.
+constexpr std::int16_t kFirstYearOfDates = 1998;
+
+}  // namespace
+
+void clsObSpecialVar::SetContentString(TextView valValue) try {
+  contentString_ = valValue;
+  typeField_ = TFR_String;
+  if (!a_.alignmentWasRead) a_.alignmentType = eAT_Left;
+} catch (...) {
+  trap("SetContentString");
+}
+
+void clsObSpecialVar::SetContentNumeric(Currency valValue, bool valParenthesisIfNegative) try {
+  contentNumeric_ = valValue;
+  typeField_ = TFR_Numeric;
+  if (!a_.alignmentWasRead) a_.alignmentType = eAT_Right;
+  parenthesisIfNegative_ = valParenthesisIfNegative;
+} catch (...) {
+  trap("SetContentNumeric");
+}
+
+void clsObSpecialVar::SetContentDate(Date valValue) try {
+  contentDate_ = valValue;
+  typeField_ = TFR_Date;
+} catch (...) {
+  trap("SetContentDate");
+}
+
+void clsObSpecialVar::SetContentEnum(TextView valValue) try {
+  contentEnum_ = valValue;
+  typeField_ = TFR_Enum;
+} catch (...) {
+  trap("SetContentEnum");
+}
+
+void clsObSpecialVar::SetContentBoolean(bool valValue) try {
+  contentBool_ = valValue;
+  typeField_ = TFR_Boolean;
+} catch (...) {
+  trap("SetContentBoolean");
+}
+
+void clsObSpecialVar::SetContentArray(TextView valValue, std::uint8_t valMaxWidth,
+                                      std::int16_t valIndexPosition, bool valDoFillWithSpace,
+                                      bool valPropertyArrayPositionIsValidForSet,
+                                      std::int16_t valArrayPosition) try {
+  const std::int16_t place = elementToTake(valIndexPosition, valDoFillWithSpace,
+                                           valPropertyArrayPositionIsValidForSet, valArrayPosition);
+  Text value(valValue);
+  if (valDoFillWithSpace) {
+    const Ref<clsTexto> texto = modRDPGlobalValues::ofThisThread().refInsTexto;
+    texto->fPadOrCut(valValue, valMaxWidth, u" ", value);
+  }
+  const auto index = static_cast<std::size_t>(place);
+  if (place < 1 || index > value.size()) {
+    SetContentString(value);
+  } else {
+    SetContentString(TextView(value).substr(index - 1, 1));
+  }
+} catch (...) {
+  trap("SetContentArray");
+}
+
+// -1: none, the whole text.  An index position other than -1 is no position: it says to take none.
+std::int16_t clsObSpecialVar::elementToTake(std::int16_t indexPosition, bool doFillWithSpace,
+                                            bool arrayPositionIsValid,
+                                            std::int16_t arrayPosition) const noexcept {
+  if (indexPosition != -1) return -1;
+  if (a_.fieldOfArrayHasPositionInsideTheArray) return a_.indexOfValueInArray;
+  if (arrayPositionIsValid || (doFillWithSpace && arrayPosition == -1)) {
+    arrayPosition = a_.arrayPosition;
+  }
+  return arrayPosition > 0 ? arrayPosition : std::int16_t{-1};
+}
+
+bool clsObSpecialVar::fIsEmpty() try {
+  switch (typeField_) {
+    case TFR_String:
+      return contentString_.empty();
+    case TFR_Numeric:
+      return contentNumeric_ == Currency{};
+    case TFR_Date: {
+      const Ref<clsUtilDate> dates = modRDPGlobalValues::ofThisThread().refInsUtilDate;
+      return dates->fYear(contentDate_) < kFirstYearOfDates;
+    }
+    case TFR_Boolean:
+      return !contentBool_;
+    default:
+      return false;
+  }
+} catch (...) {
+  trap("fIsEmpty");
+}
+
+}  // namespace tarvo

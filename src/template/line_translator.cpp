@@ -1,0 +1,94 @@
+#include "template/line_translator.h"
+
+#include "frame/borrowed.h"
+#include "frame/checked.h"
+#include "frame/modRDPGlobalValues.h"
+#include "template/text_parts.h"
+
+namespace tarvo {
+namespace {
+
+constexpr TextView kCommentMark = u"...";
+constexpr TextView kNotFound = u"No se encontró";
+constexpr char16_t kConstantMark = u'@';
+constexpr std::int32_t kLongestConstant = 255;
+
+bool isComment(TextView line) {
+  Text trimmed;
+  if (!line.empty()) TextParts()->fTrim(line, trimmed);
+  return trimmed.starts_with(kCommentMark);
+}
+
+}  // namespace
+
+void LineTranslator::translate(Ref<clsObLineCharacts>& line, TextView templateLine,
+                               VariableSource& source) {
+  const Ref<clsObLineCharacts> held = line;  // the source may change the caller's reference
+  if (Ref<TemplateLine> known = lineOf(templateLine); known && !known->isComment()) {
+    held->beginTranslation(std::move(known));
+  } else {
+    held->SetTextToWrite(templateLine);
+    if (takeComment(*held, templateLine)) return;
+  }
+  resolveVariables(line, source);
+}
+
+bool LineTranslator::takeComment(clsObLineCharacts& line, TextView templateLine) {
+  if (!isComment(templateLine)) return false;
+  line.SetPrintLine(false);
+  Text text(templateLine);
+  line.sExtractComment(text);
+  const Text comment = line.GetTextToWrite();
+  line.fCheckAnyPrintingControlVarInCommentary(comment);
+  return true;
+}
+
+void LineTranslator::resolveVariables(Ref<clsObLineCharacts>& line, VariableSource& source) {
+  for (std::int16_t count = 0; line->holdsVariable(); count = checkedAdd(count, std::int16_t{1})) {
+    line->extractNextVariable();
+    if (line->isKnownToBeClients() || !giveLibrarysValue(*line)) askSource(line, source);
+    line->sFormatSpecialVar();
+    line->sReplaceVarInTextToWrite();
+  }
+}
+
+// False: the variable is neither a control word nor a constant.
+bool LineTranslator::giveLibrarysValue(clsObLineCharacts& line) {
+  Borrowed<Text> content(content_);
+  const Ref<clsObSpecialVar> variable = line.GetSpecialVar();
+  if (!line.applyControlWord(*content)) {
+    if (!variable->GetFieldName().starts_with(kConstantMark)) return false;
+    TextParts()->fPart(variable->GetFieldName(), 2, kLongestConstant, *content);
+  }
+  variable->SetContentString(*content);
+  return true;
+}
+
+void LineTranslator::askSource(Ref<clsObLineCharacts>& line, VariableSource& source) {
+  if (source.answer(line)) return;
+  line->GetSpecialVar()->SetContentString(kNotFound);
+  source.notFound(*line);
+}
+
+// Null: the line is to be taken as it comes, for the text service is asked about every step of it,
+// or its braces do not come in pairs.
+Ref<TemplateLine> LineTranslator::lineOf(TextView text) {
+  forgetUnlessServicesAreTheSame();
+  if (!texto_ || !texto_->mayBeBypassed() || text.size() > kLongestLine) return {};
+  auto found = lines_.find(text);
+  if (found == lines_.end()) {
+    if (lines_.size() >= kMostLines) lines_.clear();
+    found = lines_.emplace(Text(text), make<TemplateLine>(text)).first;
+  }
+  return found->second->isRegular() ? found->second : Ref<TemplateLine>();
+}
+
+void LineTranslator::forgetUnlessServicesAreTheSame() {
+  const modRDPGlobalValues& services = modRDPGlobalValues::ofThisThread();
+  if (services.refInsTexto == texto_ && services.refInsConvert == convert_) return;
+  lines_.clear();
+  texto_ = services.refInsTexto;
+  convert_ = services.refInsConvert;
+}
+
+}  // namespace tarvo
