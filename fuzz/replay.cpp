@@ -27,12 +27,31 @@ class Generator {
 };
 
 // Some inputs are noise; others use few different bytes, so that sequences have a chance.
-Input makeInput(Generator& generator) {
+Input makeNoise(Generator& generator) {
   const std::uint32_t alphabet = generator.below(2) == 0 ? 256 : 1 + generator.below(8);
   std::vector<std::uint8_t> letters(alphabet);
   for (std::uint8_t& letter : letters) letter = static_cast<std::uint8_t>(generator.below(256));
   Input input(generator.below(600));
   for (std::uint8_t& byte : input) byte = letters[generator.below(alphabet)];
+  return input;
+}
+
+// Pieces of the corpus one after the other, with some bytes changed.
+Input makeFromPieces(Generator& generator, const std::vector<Input>& corpus) {
+  constexpr std::uint32_t kLongestPiece = 200;
+  Input input;
+  for (std::uint32_t pieces = 1 + generator.below(4); pieces > 0; --pieces) {
+    const Input& source = corpus[generator.below(static_cast<std::uint32_t>(corpus.size()))];
+    if (source.empty()) continue;
+    const std::uint32_t from = generator.below(static_cast<std::uint32_t>(source.size()));
+    const std::uint32_t most = static_cast<std::uint32_t>(source.size()) - from;
+    const std::uint32_t size = 1 + generator.below(std::min(most, kLongestPiece));
+    input.insert(input.end(), source.begin() + from, source.begin() + from + size);
+  }
+  for (std::uint32_t changes = generator.below(4); changes > 0 && !input.empty(); --changes) {
+    input[generator.below(static_cast<std::uint32_t>(input.size()))] =
+        static_cast<std::uint8_t>(generator.below(256));
+  }
   return input;
 }
 
@@ -71,7 +90,9 @@ int main(int argc, char** argv) {
   for (const Input& input : corpus) run(input);
   Generator generator;
   const int count = std::atoi(argv[2]);
-  for (int i = 0; i < count; ++i) run(makeInput(generator));
+  for (int i = 0; i < count; ++i) {
+    run(i % 2 == 0 ? makeNoise(generator) : makeFromPieces(generator, corpus));
+  }
   std::printf("%zu inputs of the corpus and %d made-up ones\n", corpus.size(), count);
   return 0;
 }

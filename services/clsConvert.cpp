@@ -13,17 +13,22 @@
 namespace LibTarvoCI {
 namespace {
 
-void requireNotNegative(std::int32_t count, TextView about) {
-  if (count < 0) fail(tarvo::kInvalidProcedureCall, about);
-}
+struct Marks {
+  char16_t thousands;
+  char16_t decimals;
+};
 
-void formatNumber(Currency value, std::int16_t width, std::int16_t decimals, NumberField field,
-                  Text& result) {
-  requireNotNegative(width, u"valWidth");
-  requireNotNegative(decimals, u"valDecimals");
-  field.width = static_cast<std::size_t>(width);
-  field.decimals = decimals;
-  formatField(value, field, result);
+void formatNumber(Currency value, std::int16_t width, std::int16_t decimals, bool parenthesis,
+                  Marks marks, Text& result) {
+  if (width < 0) fail(tarvo::kInvalidProcedureCall, u"valWidth");
+  if (decimals < 0) fail(tarvo::kInvalidProcedureCall, u"valDecimals");
+  formatField(value,
+              {.thousandsMark = marks.thousands,
+               .decimalMark = marks.decimals,
+               .width = static_cast<std::size_t>(width),
+               .decimals = decimals,
+               .parenthesis = parenthesis},
+              result);
 }
 
 // The number without its sign.
@@ -56,15 +61,13 @@ To roundedTo(TextView text) {
 void clsConvert::fFormatNumberDotComma(Currency valValue, std::int16_t valWidth,
                                        std::int16_t valDecimals, bool valParenthesis,
                                        Text& result) {
-  formatNumber(valValue, valWidth, valDecimals,
-               {.thousandsMark = u'.', .decimalMark = u',', .parenthesis = valParenthesis}, result);
+  formatNumber(valValue, valWidth, valDecimals, valParenthesis, {u'.', u','}, result);
 }
 
 void clsConvert::fFormatNumberCommaDot(Currency valValue, std::int16_t valWidth,
                                        std::int16_t valDecimals, bool valParenthesis,
                                        Text& result) {
-  formatNumber(valValue, valWidth, valDecimals,
-               {.thousandsMark = u',', .decimalMark = u'.', .parenthesis = valParenthesis}, result);
+  formatNumber(valValue, valWidth, valDecimals, valParenthesis, {u',', u'.'}, result);
 }
 
 void clsConvert::fNumberToText(const Value& valNumber, Text& result) {
@@ -94,7 +97,7 @@ void clsConvert::fBooleanToText(bool valValue, Text& result) {
 void clsConvert::fDateToText(Date valDate, Text& result) { dayMonthYear(valDate, result); }
 
 std::int32_t clsConvert::fReportWidth(std::int32_t valLength, std::int16_t) {
-  requireNotNegative(valLength, u"valLength");
+  if (valLength < 0) fail(tarvo::kInvalidProcedureCall, u"valLength");
   return valLength;
 }
 

@@ -1,6 +1,5 @@
 #include "services/digits.h"
 
-#include <algorithm>
 #include <array>
 
 namespace LibTarvoCI {
@@ -14,20 +13,6 @@ void appendDigits(Text& text, std::uint64_t number, int atLeast) {
     number /= 10;
   }
   text.append(digits.data() + first, digits.size() - first);
-}
-
-std::uint64_t magnitudeOf(Currency value) noexcept {
-  const auto bits = static_cast<std::uint64_t>(value.tenThousandths);
-  return value.tenThousandths < 0 ? 0 - bits : bits;
-}
-
-std::uint64_t roundedMagnitude(std::uint64_t magnitude, int decimals) noexcept {
-  constexpr std::array<std::uint64_t, Currency::kDecimals + 1> kSteps{10'000, 1'000, 100, 10, 1};
-  const std::uint64_t step =
-      kSteps[static_cast<std::size_t>(std::min(decimals, Currency::kDecimals))];
-  const std::uint64_t rest = magnitude % step;
-  const std::uint64_t whole = magnitude - rest;
-  return rest * 2 < step ? whole : whole + step;
 }
 
 }  // namespace LibTarvoCI

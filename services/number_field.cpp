@@ -8,18 +8,28 @@
 namespace LibTarvoCI {
 namespace {
 
+constexpr int kGroup = 3;  // digits between two marks
+
 // A number written from its last character to its first.
 class Written {
  public:
-  void put(char16_t character) noexcept { *--first_ = character; }
+  // For a sign, 15 digits, 4 marks, a mark and 4 digits, and for blanks in most fields.
+  static constexpr std::size_t kRoom = 40;
+
+  void put(char16_t character) noexcept { characters_[--first_] = character; }
 
   // The digits of a whole number, at least one, with a mark before each third one but the first.
   void putUnits(std::uint64_t number, char16_t mark) noexcept {
-    for (int digits = 0; number != 0 || digits == 0; ++digits) {
-      if (mark != 0 && digits != 0 && digits % 3 == 0) put(mark);
+    int untilMark = mark != 0 ? kGroup : -1;  // never
+    do {
+      if (untilMark == 0) {
+        put(mark);
+        untilMark = kGroup;
+      }
       put(static_cast<char16_t>(u'0' + number % 10));
       number /= 10;
-    }
+      --untilMark;
+    } while (number != 0);
   }
 
   // That many digits of a fraction, which is in ten-thousandths.
@@ -30,13 +40,16 @@ class Written {
     }
   }
 
-  TextView text() const noexcept {
-    return {first_, static_cast<std::size_t>(characters_.data() + characters_.size() - first_)};
+  // Blanks before it, up to the width.  REQUIRES: width <= kRoom.
+  void fillUpTo(std::size_t width) noexcept {
+    while (first_ > kRoom - width) put(u' ');
   }
 
+  TextView text() const noexcept { return {characters_.data() + first_, kRoom - first_}; }
+
  private:
-  std::array<char16_t, 40> characters_;  // a sign, 15 digits, 4 marks, a mark, 4 digits at most
-  char16_t* first_ = characters_.data() + characters_.size();
+  std::array<char16_t, kRoom> characters_;
+  std::size_t first_ = kRoom;  // an index: it is copied with the characters
 };
 
 struct Amount {
@@ -75,9 +88,13 @@ void formatField(Currency value, const NumberField& field, Text& result) {
     result.assign(field.width, u'*');
     return;
   }
+  if (behind == 0 && field.width <= Written::kRoom) {
+    number.fillUpTo(field.width);
+    result.assign(number.text());
+    return;
+  }
   const std::size_t used = number.text().size() + behind;
   result.assign(used < field.width ? field.width - used : 0, u' ').append(number.text());
-  if (behind == 0) return;
   result.append(zeros, u'0');
   if (isEnclosed) result.push_back(u')');
 }

@@ -25,6 +25,7 @@ DayAndSeconds split(Date date) {
   // Also false for "not a number".  The first day's own times lie below its serial.
   if (!(date.serial > kFirstDay - 1 && date.serial < kPastLastDay)) throw RunTimeError(kOverflow);
   const double whole = std::trunc(date.serial);
+  if (whole == date.serial) return {static_cast<int>(whole), 0};  // most dates have no time
   const double fraction = std::fabs(date.serial - whole);
   DayAndSeconds parts{static_cast<int>(whole),
                       static_cast<int>(std::lround(fraction * kSecondsPerDay))};

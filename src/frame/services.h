@@ -223,6 +223,9 @@ class clsUtilDate : public Object {
 
   // Of the calendar, 100 to 9999.
   virtual std::int16_t fYear(Date valDate) = 0;
+
+  // As clsTexto has it: here, whether the library need not ask for what it will not use.
+  virtual bool mayBeBypassed() const noexcept { return false; }
 };
 
 // The math service.

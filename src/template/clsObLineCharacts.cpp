@@ -5,7 +5,7 @@
 #include <cstring>
 #include <limits>
 
-#include "frame/checked.h"
+#include "frame/decimal.h"
 #include "frame/modRDPGlobalValues.h"
 #include "frame/upper_case.h"
 #include "printer/clsUtilImp.h"
@@ -30,6 +30,12 @@ Eight bracesAmong(const char16_t* text) noexcept {
   Eight characters;
   std::memcpy(&characters, text, sizeof characters);
   return static_cast<Eight>((characters == u'{') | (characters == u'}'));
+}
+
+// Every variable is asked whether it is empty, conditional or not; only the date service can tell.
+bool somebodySeesTheQuestion(const clsObSpecialVar& variable) {
+  return variable.GetTypeField() == TFR_Date &&
+         !modRDPGlobalValues::ofThisThread().refInsUtilDate->mayBeBypassed();
 }
 
 bool holdsBrace(TextView text) noexcept {
@@ -115,8 +121,9 @@ void clsObLineCharacts::sFormatSpecialVar() try {
 void clsObLineCharacts::sReplaceVarInTextToWrite() try {
   const Ref<clsObSpecialVar> variable = specialVar_;
   removeVariable(*variable);
-  const bool isEmpty = variable->fIsEmpty();  // asked of every variable, conditional or not
-  if (variable->GetVariableToApplyCondition() && isEmpty) {
+  const bool applies = variable->GetVariableToApplyCondition();
+  const bool isEmpty = (applies || somebodySeesTheQuestion(*variable)) && variable->fIsEmpty();
+  if (applies && isEmpty) {
     printLine_ = false;
   } else if (!variable->GetVariableToWriteEmpty()) {
     insertAtVariable(*variable);
@@ -126,34 +133,42 @@ void clsObLineCharacts::sReplaceVarInTextToWrite() try {
   trap("sReplaceVarInTextToWrite");
 }
 
-void clsObLineCharacts::removeVariable(const clsObSpecialVar& variable) {
-  if (beginsTheRest(variable)) {
+inline void clsObLineCharacts::removeVariable(const clsObSpecialVar& variable) {
+  if (isTranslatingStill() && beginsTheRest(variable)) {
     restBegin_ = next_->end();
     ++next_;
-    return;
+  } else {
+    removeThroughService(variable);
   }
+}
+
+void clsObLineCharacts::removeThroughService(const clsObSpecialVar& variable) {
   Text without;
   TextParts()->fDelete(GetTextToWrite(), variable.GetPosBegin(), variable.GetSize() + 1, without);
   SetTextToWrite(without);
 }
 
 // Whether the variable is still the one with which the rest of the template line begins.
-bool clsObLineCharacts::beginsTheRest(const clsObSpecialVar& variable) const noexcept {
-  return isTranslating() && next_ != template_.get()->variablesEnd() && restBegin_ == next_->open &&
+inline bool clsObLineCharacts::beginsTheRest(const clsObSpecialVar& variable) const noexcept {
+  return next_ != template_.get()->variablesEnd() && restBegin_ == next_->open &&
          static_cast<std::size_t>(variable.GetPosBegin()) == textToWrite_.size() + 1 &&
          static_cast<std::size_t>(variable.GetSize()) == next_->size;
 }
 
-void clsObLineCharacts::insertAtVariable(const clsObSpecialVar& variable) {
-  const Text& value = variable.GetTextToWrite();
-  if (isTranslating()) {
-    textToWrite_ += value;
-    // What comes in with a brace is read like the template itself.
-    if (holdsBrace(value)) joinText();
+inline void clsObLineCharacts::insertAtVariable(const clsObSpecialVar& variable) {
+  if (!isTranslating()) {
+    insertThroughService(variable);
     return;
   }
+  const Text& value = variable.GetTextToWrite();
+  textToWrite_ += value;
+  // What comes in with a brace is read like the template itself.
+  if (holdsBrace(value)) joinText();
+}
+
+void clsObLineCharacts::insertThroughService(const clsObSpecialVar& variable) {
   Text with;
-  TextParts()->fInsert(textToWrite_, value, variable.GetPosBegin(), with);
+  TextParts()->fInsert(textToWrite_, variable.GetTextToWrite(), variable.GetPosBegin(), with);
   SetTextToWrite(with);
 }
 
@@ -249,6 +264,18 @@ void clsObLineCharacts::beginTranslation(Ref<TemplateLine> line) {
   template_ = std::move(line);
 }
 
+// Other services are asked about every step from here on.
+inline bool clsObLineCharacts::isTranslatingStill() const {
+  if (!isTranslating()) return false;
+  if (template_.get()->isOfPresentServices()) return true;
+  joinText();
+  return false;
+}
+
+bool clsObLineCharacts::findsVariable() const {
+  return !textToWrite_.empty() && TextParts().position(textToWrite_, u"{") > 0;
+}
+
 // Somebody looks at the text: from here on it is one.
 void clsObLineCharacts::joinText() const {
   if (!isTranslating()) return;
@@ -256,50 +283,32 @@ void clsObLineCharacts::joinText() const {
   template_ = {};
 }
 
-bool clsObLineCharacts::holdsVariable() const {
-  if (isTranslating()) return next_ != template_.get()->variablesEnd();
-  return !textToWrite_.empty() && TextParts().position(textToWrite_, u"{") > 0;
-}
-
 void clsObLineCharacts::extractNextVariable() {
-  if (!isTranslating()) {
+  if (!isTranslatingStill()) {
     sExtractSpecialVar(textToWrite_);
     return;
   }
-  const std::size_t before = next_->open - restBegin_;
-  const std::size_t place = textToWrite_.size() + before + 1;
-  if (place + next_->size >= std::numeric_limits<std::int16_t>::max()) {
-    joinText();
-    sExtractSpecialVar(textToWrite_);
-    return;
-  }
-  if (before != 0) {
+  if (const std::size_t before = next_->open - restBegin_; before != 0) {
     textToWrite_.append(template_.get()->text(), restBegin_, before);
     restBegin_ = next_->open;
   }
-  readNext(static_cast<std::int16_t>(place));
-}
-
-void clsObLineCharacts::readNext(std::int16_t place) try {
-  const Ref<clsObSpecialVar> variable = specialVar_;
-  if (next_->parsed) {
-    variable->takeParsed(*next_->parsed.get(), place);
-    return;
+  constexpr auto kLastPlace = static_cast<std::size_t>(std::numeric_limits<std::int16_t>::max());
+  const std::size_t place = textToWrite_.size() + 1;
+  if (next_->parsed && specialVar_ && place + next_->size < kLastPlace) {
+    specialVar_->takeParsed(*next_->parsed.get(), static_cast<std::int16_t>(place));
+  } else {
+    readNextVariable();
   }
-  // A message may lead back to this line.
-  const Ref<TemplateLine> held = template_;
-  TemplateLine::Variable& next = *next_;
-  variable->sExtract(TextView(held->text()).substr(next.open, next.size + 2));
-  next.parsed = variable->lastParsed();
-  next.control = controlOf(variable->GetFieldName());
-  next.isConstant = variable->GetFieldName().starts_with(u'@');
-  variable->standAt(place);
-} catch (...) {
-  trap("sExtractSpecialVar");
 }
 
-bool clsObLineCharacts::isKnownToBeClients() const noexcept {
-  return isTranslating() && next_->control == Control::kNone && !next_->isConstant;
+void clsObLineCharacts::readNextVariable() {
+  const Ref<TemplateLine> held = template_;  // a message may lead back to this line
+  TemplateLine::Variable& next = *next_;
+  sExtractSpecialVar(textToWrite_ + held->text().substr(restBegin_));
+  const Ref<clsObSpecialVar> variable = specialVar_;
+  next.parsed = variable->lastParsed();
+  next.control = controlOf(upperCase(trimBlanks(variable->GetFieldName())));
+  next.isConstant = variable->GetFieldName().starts_with(u'@');
 }
 
 bool clsObLineCharacts::applyControlWord(Text& refContent) {

@@ -123,16 +123,21 @@ class clsObLineCharacts final : public TrappedObject {
   // --- the line keeps what is settled and what is left apart, and nothing is moved.
 
   // As SetTextToWrite with the line's text, which has been looked through before.
+  // REQUIRES: a regular line, and a text service that may be bypassed.
   void beginTranslation(Ref<TemplateLine> line);
 
   // Whether the text holds a "{".
-  bool holdsVariable() const;
+  bool holdsVariable() const {
+    return isTranslating() ? next_ != template_.get()->variablesEnd() : findsVariable();
+  }
 
   // As sExtractSpecialVar with the present text.
   void extractNextVariable();
 
   // Whether the variable is known to be neither a control word nor a constant.
-  bool isKnownToBeClients() const noexcept;
+  bool isKnownToBeClients() const noexcept {
+    return isTranslating() && next_->control == Control::kNone && !next_->isConstant;
+  }
 
   // As fSpecialVarIsAnyControlChar with the field's name.
   bool applyControlWord(Text& refContent);
@@ -141,11 +146,15 @@ class clsObLineCharacts final : public TrappedObject {
   const ErrorIdentity& errorIdentity() const noexcept override;
 
   bool isTranslating() const noexcept { return static_cast<bool>(template_); }
+  bool isTranslatingStill() const;
   void joinText() const;
+  bool findsVariable() const;
   bool beginsTheRest(const clsObSpecialVar& variable) const noexcept;
   void removeVariable(const clsObSpecialVar& variable);
+  void removeThroughService(const clsObSpecialVar& variable);
   void insertAtVariable(const clsObSpecialVar& variable);
-  void readNext(std::int16_t place);
+  void insertThroughService(const clsObSpecialVar& variable);
+  void readNextVariable();
   bool applyKnownControl(Control control, Text& refContent);
   bool applyControl(Control control, Text& refContent);
   void repeatLine();

@@ -8,7 +8,6 @@
 namespace tarvo {
 namespace {
 
-constexpr Date kFirstOfJanuary1900{2.0};
 constexpr std::int32_t kLongestFreeAttributes = 255;
 
 }  // namespace
@@ -20,7 +19,8 @@ clsObSpecialVar::clsObSpecialVar()
 clsObSpecialVar::~clsObSpecialVar() = default;
 
 const ErrorIdentity& clsObSpecialVar::errorIdentity() const noexcept {
-  static constexpr ErrorIdentity kIdentity{u"clsObSpecialVar", u"Lib. Impresión Texto - Ob Var"};
+  static constexpr ErrorIdentity kIdentity{u"clsObSpecialVar",
+                                           u"Lib. Impresión Texto - Ob Special Var"};
   return kIdentity;
 }
 
@@ -30,6 +30,7 @@ void clsObSpecialVar::setIifValues(Value values) {
   Ref<IifValues> list = make<IifValues>();
   list->values = std::move(values);
   iif_ = list;
+  hasIifOfItsOwn_ = true;
 }
 
 VariableNames& clsObSpecialVar::ownNames() {
@@ -48,103 +49,68 @@ void clsObSpecialVar::clear() {
   names_ = noNames_;
   namesAreShared_ = true;
   a_ = {};
+  hasIifOfItsOwn_ = false;
   clearContent();
-}
-
-// All but what was written between the braces.
-void clsObSpecialVar::clearContent() noexcept {
-  contentString_.clear();
-  contentNumeric_ = {};
-  contentDate_ = kFirstOfJanuary1900;
-  contentBool_ = false;
-  contentEnum_.clear();
-  typeField_ = TFR_String;
-  posEnd_ = 0;
-  size_ = 0;
-  posBegin_ = 0;
-  textToWrite_.clear();
-  parenthesisIfNegative_ = false;
-  lineOfRepeatToPrint_ = false;
-  endOfRepeatPrintLine_ = true;
-  printLine_ = true;
 }
 
 void clsObSpecialVar::sExtract(TextView valText) try {
   const TextParts texto;
-  const Text line(valText);  // it may be a text of this object's
+  Text text(valText);  // it may be a text of this object's
+  lastParsed_ = {};
   sClrObject();
-  ownNames().readText = line;
-  posBegin_ = narrow<std::int16_t>(texto.position(line, u"{"));
-  posEnd_ = narrow<std::int16_t>(texto.position(line, u"}"));
+  ownNames().readText = text;
+  posBegin_ = narrow<std::int16_t>(texto.position(text, u"{"));
+  posEnd_ = narrow<std::int16_t>(texto.position(text, u"}"));
   size_ = narrow<std::int16_t>(posEnd_ - posBegin_ - 1);
   if (posBegin_ == 0) {
-    ownNames().readText.clear();
+    text.clear();
   } else {
-    texto.part(line, posBegin_ + 1, size_, ownNames().readText);
+    texto.part(text, posBegin_ + 1, size_);
   }
-  readOrTakeParsed();
+  ownNames().readText = text;
+  readOrTakeParsed(text);
 } catch (...) {
   trap("sExtract");
 }
 
-// The text between the braces stands in ReadText.
-void clsObSpecialVar::readOrTakeParsed() {
-  if (const ParsedVariable* parsed = parsed_.find(names().readText); parsed != nullptr) {
+void clsObSpecialVar::readOrTakeParsed(const Text& written) {
+  if (const ParsedVariable* parsed = parsed_.find(written); parsed != nullptr) {
     lastParsed_ = Ref<const ParsedVariable>(parsed);
     take(*parsed);
     return;
   }
-  const Text written = names().readText;
-  const Ref<IifValues> listBefore = iif_;
-  lastParsed_ = {};
-  isRepeatable_ = true;
-  raiseAttributesOfFreeVariable();
+  const std::uint32_t reading = ++readings_;
+  raiseAttributesOfFreeVariable(written);
   sExtractFieldAndCharacteristics();
-  if (!isRepeatable_) return;
-  lastParsed_ = parsedNow(iif_ == listBefore ? Ref<IifValues>() : iif_);
+  if (readings_ != reading) {
+    lastParsed_ = {};  // it may be that of a reading within this one
+    return;
+  }
+  lastParsed_ = parsedNow(written.size());
   parsed_.keep(written, lastParsed_);
 }
 
 // A free variable's attributes count in capitals, their arguments too.
-void clsObSpecialVar::raiseAttributesOfFreeVariable() {
+void clsObSpecialVar::raiseAttributesOfFreeVariable(const Text& written) {
   const TextParts texto;
-  const Text text = names().readText;
-  if (!text.starts_with(u'@')) return;
-  const std::int32_t comma = texto.position(text, u",");
+  if (!written.starts_with(u'@')) return;
+  const std::int32_t comma = texto.position(written, u",");
   if (comma < 1) return;
+  Text name;
+  texto.part(written, 1, comma - 1, name);
   Text attributes;
-  texto.part(text, 1, comma - 1, ownNames().readText);
-  texto.part(text, comma, kLongestFreeAttributes, attributes);
-  ownNames().readText += upperCase(attributes);
+  texto.part(written, comma, kLongestFreeAttributes, attributes);
+  ownNames().readText = name + upperCase(attributes);
 }
 
-Ref<const ParsedVariable> clsObSpecialVar::parsedNow(const Ref<IifValues>& list) {
+Ref<const ParsedVariable> clsObSpecialVar::parsedNow(std::size_t size) {
   const Ref<ParsedVariable> parsed = make<ParsedVariable>();
   parsed->attributes = a_;
   parsed->names = names_;
-  parsed->iif = list;
-  parsed->size = size_;
+  if (hasIifOfItsOwn_) parsed->iif = iif_;
+  parsed->size = narrow<std::int16_t>(size);
   namesAreShared_ = true;
   return parsed;
-}
-
-void clsObSpecialVar::take(const ParsedVariable& parsed) {
-  a_ = parsed.attributes;
-  names_ = parsed.names;
-  namesAreShared_ = true;
-  if (parsed.iif) iif_ = parsed.iif;
-}
-
-void clsObSpecialVar::takeParsed(const ParsedVariable& parsed, std::int16_t posBegin) {
-  clearContent();
-  take(parsed);
-  size_ = parsed.size;
-  standAt(posBegin);
-}
-
-void clsObSpecialVar::standAt(std::int16_t posBegin) noexcept {
-  posBegin_ = posBegin;
-  posEnd_ = static_cast<std::int16_t>(posBegin + size_ + 1);
 }
 
 }  // namespace tarvo

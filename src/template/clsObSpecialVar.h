@@ -184,6 +184,7 @@ class clsObSpecialVar final : public TrappedObject {
   // is taken off.
   // A value with brackets is read only after QLR.  Without QLR this does not end: the message about
   // the unknown attribute comes again and again, until the message service raises an error.
+  // Raises: 6 where no message comes, for a value that begins with PATRONSEPARADOR= and a bracket.
   void sExtractIfHasFunction(Text& refFieldCharacteristic);
 
   // The same for DATEFORMAT.
@@ -219,8 +220,9 @@ class clsObSpecialVar final : public TrappedObject {
   // --- Formatting.
 
   // Makes TextToWrite of the value.
-  // Raises: 13 for an enumeration without an IIF; 9 for an IIF that lacks the value; 6 for a text
-  // that cannot be justified to its width.
+  // Raises: 13 for an enumeration without an IIF, and for a count in a separator pattern that is no
+  // number; 9 for an IIF that lacks the value; 6 for a text that cannot be justified to its width,
+  // a pattern's count that does not fit, and a patterned value of more than 32,767 characters.
   void sFormatSpecialVar();
 
   // Aligns TextToWrite in Length characters.
@@ -236,13 +238,12 @@ class clsObSpecialVar final : public TrappedObject {
   // REQUIRES: the places of both braces are at most 32,767.
   void takeParsed(const ParsedVariable& parsed, std::int16_t posBegin);
 
-  // Where the variable that sExtract read stands in the line.  REQUIRES: as above.
-  void standAt(std::int16_t posBegin) noexcept;
-
   // What sExtract read last, when reading it again would have no other effect; else null.
   Ref<const ParsedVariable> lastParsed() const noexcept { return lastParsed_; }
 
  private:
+  static constexpr Date kFirstOfJanuary1900{2.0};
+
   const ErrorIdentity& errorIdentity() const noexcept override;
 
   const VariableNames& names() const noexcept { return *names_; }
@@ -253,9 +254,9 @@ class clsObSpecialVar final : public TrappedObject {
   void clearContent() noexcept;
 
   // Reading the same text again (parsed_variable.h).
-  void readOrTakeParsed();
-  void raiseAttributesOfFreeVariable();
-  Ref<const ParsedVariable> parsedNow(const Ref<IifValues>& list);
+  void readOrTakeParsed(const Text& written);
+  void raiseAttributesOfFreeVariable(const Text& written);
+  Ref<const ParsedVariable> parsedNow(std::size_t size);
   void take(const ParsedVariable& parsed);
 
   // The steps of the parse (clsObSpecialVar_parse.cpp).
@@ -280,12 +281,22 @@ class clsObSpecialVar final : public TrappedObject {
   void fJustifyStr(TextView text, std::int16_t width, Text& result);
   void writePossibleValue(TextView content);
   bool isPrintedNumber() const noexcept;
+  bool alignInPlace();
+  void alignThroughService();
   std::int16_t elementToTake(std::int16_t indexPosition, bool doFillWithSpace,
                              bool arrayPositionIsValid, std::int16_t arrayPosition) const noexcept;
 
   // The separator pattern (clsObSpecialVar_pattern.cpp).
+  struct PatternTexts {
+    Text spread;
+    Text separation;  // of one gap
+    TextList elements;
+    Text element;  // with its codes apart
+    TextList codes;
+    Text code;
+  };
   void fDoSpecialSeparationString(TextView text, Text& result);
-  void fGetCharsFromSpecialSeparationString(std::int16_t gap, Text& result);
+  void fGetCharsFromSpecialSeparationString(std::int16_t gap, PatternTexts& texts);
   void fConvierteBCEnImprimible(TextView code, Text& result);
 
   ParsedAttributes a_;
@@ -293,6 +304,7 @@ class clsObSpecialVar final : public TrappedObject {
   Ref<IifValues> iif_;
   Ref<VariableNames> noNames_;
   bool namesAreShared_ = false;
+  bool hasIifOfItsOwn_ = false;  // the list is not one that an earlier variable left behind
 
   eTypeFieldRecord typeField_ = TFR_String;
   bool contentBool_ = false;
@@ -300,7 +312,8 @@ class clsObSpecialVar final : public TrappedObject {
   bool printLine_ = true;
   bool lineOfRepeatToPrint_ = false;
   bool endOfRepeatPrintLine_ = true;
-  bool isRepeatable_ = false;  // reading the text again would have no other effect
+  // Readings so far, and messages: what was read while it went up must be read again each time.
+  std::uint32_t readings_ = 0;
   std::int16_t posEnd_ = 0;
   std::int16_t posBegin_ = 0;
   std::int16_t size_ = 0;
@@ -312,9 +325,44 @@ class clsObSpecialVar final : public TrappedObject {
 
   // Storage that is kept between operations; borrowed (frame/borrowed.h).
   Kept<Text> scratch_;
+  Kept<PatternTexts> patternTexts_;
 
   ParsedVariables parsed_;
   Ref<const ParsedVariable> lastParsed_;
 };
+
+// All but what was written between the braces.
+inline void clsObSpecialVar::clearContent() noexcept {
+  contentString_.clear();
+  contentNumeric_ = {};
+  contentDate_ = kFirstOfJanuary1900;
+  contentBool_ = false;
+  contentEnum_.clear();
+  typeField_ = TFR_String;
+  posEnd_ = 0;
+  size_ = 0;
+  posBegin_ = 0;
+  textToWrite_.clear();
+  parenthesisIfNegative_ = false;
+  lineOfRepeatToPrint_ = false;
+  endOfRepeatPrintLine_ = true;
+  printLine_ = true;
+}
+
+inline void clsObSpecialVar::take(const ParsedVariable& parsed) {
+  a_ = parsed.attributes;
+  names_ = parsed.names;
+  namesAreShared_ = true;
+  hasIifOfItsOwn_ = static_cast<bool>(parsed.iif);
+  if (hasIifOfItsOwn_) iif_ = parsed.iif;
+}
+
+inline void clsObSpecialVar::takeParsed(const ParsedVariable& parsed, std::int16_t posBegin) {
+  clearContent();
+  take(parsed);
+  size_ = parsed.size;
+  posBegin_ = posBegin;
+  posEnd_ = static_cast<std::int16_t>(posBegin + size_ + 1);
+}
 
 }  // namespace tarvo

@@ -1,4 +1,5 @@
 // The value that the client gives.
+#include "frame/borrowed.h"
 #include "frame/modRDPGlobalValues.h"
 #include "template/clsObSpecialVar.h"
 
@@ -54,16 +55,18 @@ void clsObSpecialVar::SetContentArray(TextView valValue, std::uint8_t valMaxWidt
                                       std::int16_t valArrayPosition) try {
   const std::int16_t place = elementToTake(valIndexPosition, valDoFillWithSpace,
                                            valPropertyArrayPositionIsValidForSet, valArrayPosition);
-  Text value(valValue);
+  Borrowed<Text> filled(scratch_);
+  TextView value = valValue;
   if (valDoFillWithSpace) {
     const Ref<clsTexto> texto = modRDPGlobalValues::ofThisThread().refInsTexto;
-    texto->fPadOrCut(valValue, valMaxWidth, u" ", value);
+    texto->fPadOrCut(valValue, valMaxWidth, u" ", *filled);
+    value = *filled;
   }
   const auto index = static_cast<std::size_t>(place);
   if (place < 1 || index > value.size()) {
     SetContentString(value);
   } else {
-    SetContentString(TextView(value).substr(index - 1, 1));
+    SetContentString(value.substr(index - 1, 1));
   }
 } catch (...) {
   trap("SetContentArray");

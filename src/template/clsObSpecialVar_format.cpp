@@ -14,6 +14,12 @@ constexpr TextView kQuote = u"\"";
 Ref<clsTexto> texto() { return modRDPGlobalValues::ofThisThread().refInsTexto; }
 Ref<clsConvert> convert() { return modRDPGlobalValues::ofThisThread().refInsConvert; }
 
+// A service that is missing is missed where it is asked.
+bool mayBypassTexto() {
+  const Ref<clsTexto>& service = modRDPGlobalValues::ofThisThread().refInsTexto;
+  return service && service->mayBeBypassed();
+}
+
 // Whether the condition names the content, between double quotes.
 bool holdsQuoted(TextView condition, TextView content) noexcept {
   const std::size_t size = content.size() + 2;
@@ -147,7 +153,7 @@ void clsObSpecialVar::writePossibleValue(TextView content) {
 
 void clsObSpecialVar::sFormatEnum() try {
   // A list that an earlier variable left behind is not this one's.
-  if (!a_.valueComesInAttrib) throw RunTimeError(kTypeMismatch);
+  if (!hasIifOfItsOwn_) throw RunTimeError(kTypeMismatch);
   writePossibleValue(contentEnum_);
 } catch (...) {
   trap("sFormatEnum");
@@ -166,9 +172,31 @@ void clsObSpecialVar::sFormatBool() try {
   trap("sFormatBool");
 }
 
+// Aligns a text that needs no more than blanks behind it, or nothing at all, as most do.  By what
+// the text service promises, so only in place of one that may be bypassed.
+bool clsObSpecialVar::alignInPlace() {
+  Text& text = textToWrite_;
+  const bool isLeft = a_.alignmentType == eAT_Left;
+  if (text.size() == a_.length) {
+    const bool startsBlank = text.front() == kBlank[0];
+    const bool endsBlank = text.back() == kBlank[0];
+    return isLeft ? endsBlank || !startsBlank : !endsBlank && !startsBlank;
+  }
+  if (text.size() > a_.length || !isLeft) return false;
+  text.append(a_.length - text.size(), kBlank[0]);
+  return true;
+}
+
 void clsObSpecialVar::sAlignTextToWrite() try {
   if (a_.length == 0) return;
   if (a_.alignmentType == eAT_Right && isPrintedNumber()) return;
+  if (mayBypassTexto() && alignInPlace()) return;
+  alignThroughService();
+} catch (...) {
+  trap("sAlignTextToWrite");
+}
+
+void clsObSpecialVar::alignThroughService() {
   Borrowed<Text> before(scratch_);
   before->assign(textToWrite_);
   switch (a_.alignmentType) {
@@ -187,8 +215,6 @@ void clsObSpecialVar::sAlignTextToWrite() try {
     default:  // a number that a client has set, and that is no alignment
       break;
   }
-} catch (...) {
-  trap("sAlignTextToWrite");
 }
 
 // Widens the gaps between the words, each by one blank and then again, until the text is as long as
@@ -204,11 +230,11 @@ void clsObSpecialVar::fJustifyStr(TextView text, std::int16_t width, Text& resul
     return place <= length() && justified[static_cast<std::size_t>(place - 1)] == kBlank[0];
   };
   std::ptrdiff_t before = 0;
-  while (length() < width && !justified.empty() && before < length()) {
+  while (length() < width && before < length()) {
     before = length();
     std::int16_t i = 1;
     while (isBlank(i)) i = checkedAdd(i, std::int16_t{1});
-    while (length() < width - 1 || i < width - 1 || i < length()) {
+    while (length() < width - 1 || i < length()) {
       if (isBlank(i) && !isBlank(i + 1)) {
         texts->fInsert(justified, kBlank, i, widened);
         justified.swap(widened);

@@ -89,7 +89,8 @@ void clsObSpecialVar::readRecordName(Text& rest) {
   texto.keepAfter(rest, dot);
   texto.trim(name);
   ownNames().recordName = name;
-  sExtractIfHasNumberArrayElement(ownNames().recordName);
+  sExtractIfHasNumberArrayElement(name);
+  ownNames().recordName = name;
 }
 
 // Gives the position of the comma that ends the field part; 0: there is none.
@@ -99,11 +100,12 @@ std::int32_t clsObSpecialVar::readFieldName(const Text& rest) {
   Text name = rest;
   if (comma >= 1) texto.part(rest, 1, comma - 1, name);
   texto.trim(name);
-  ownNames().fieldName = name;
   if (!rest.starts_with(u'@')) {
-    ownNames().fieldName = upperCase(name);
-    sExtractIfHasNumberArrayElement(ownNames().fieldName);
+    name = upperCase(name);
+    ownNames().fieldName = name;
+    sExtractIfHasNumberArrayElement(name);
   }
+  ownNames().fieldName = name;
   return comma;
 }
 
@@ -148,7 +150,9 @@ void clsObSpecialVar::sExtractIfHasFunction(Text& refFieldCharacteristic) try {
     ownNames().iifCondition = inner;
     setIifValues(ValueArray());
   } else {
-    texto.part(inner, 1, comma, ownNames().iifCondition);
+    Text condition;
+    texto.part(inner, 1, comma, condition);
+    ownNames().iifCondition = condition;
     texto.keepAfter(inner, comma);
     readIifValues(inner);
   }
@@ -181,14 +185,19 @@ void clsObSpecialVar::fAssignSpacesBeforeAndAfterInConditionalValues(TextView va
   const TextParts texto;
   Text rest(values);
   result.clear();
+  std::int16_t silentTurns = 0;
   while (!rest.empty()) {
     const std::int32_t comma = texto.position(rest, u",");
     const std::int32_t bracket = texto.position(rest, u"[");
     if (bracket > 0 && comma > bracket) {
       Text untilBracket;
       texto.part(rest, 1, bracket, untilBracket);
+      const std::uint32_t before = readings_;
       sReadAttribute(untilBracket);
-      if (!a_.conditionalValuesHaveSpaces) continue;  // for ever, see sExtractIfHasFunction
+      if (!a_.conditionalValuesHaveSpaces) {  // for ever, see sExtractIfHasFunction
+        if (readings_ == before) silentTurns = checkedAdd(silentTurns, std::int16_t{1});
+        continue;
+      }
       texto.keepAfter(rest, bracket - 1);
       sExtractSpacesToLeftAndRigth(rest);
     } else {
@@ -253,7 +262,9 @@ void clsObSpecialVar::sExtractIfHasDateFormat(Text& refFieldCharacteristic) try 
   const Brackets brackets(texto, refFieldCharacteristic, u"(", u")");
   ownNames().dateFormat.clear();
   if (!brackets.areThere()) return;
-  brackets.inside(texto, refFieldCharacteristic, ownNames().dateFormat);
+  Text format;
+  brackets.inside(texto, refFieldCharacteristic, format);
+  ownNames().dateFormat = format;
   brackets.removeFrom(texto, refFieldCharacteristic);
 } catch (...) {
   trap("sExtractIfHasDateFormat");
@@ -269,8 +280,9 @@ void clsObSpecialVar::sReadAttribute(TextView valText) try {
     readNumber(attribute);
   } else if (attribute.starts_with(kSeparatorPatternStart)) {
     a_.usingSpecialSeparationString = true;
-    texto.after(attribute, static_cast<std::int32_t>(kSeparatorPatternStart.size()),
-                ownNames().specialSeparationString);
+    Text pattern;
+    texto.after(attribute, static_cast<std::int32_t>(kSeparatorPatternStart.size()), pattern);
+    ownNames().specialSeparationString = pattern;
   } else {
     reportUnknownAttribute(attribute);
   }
@@ -298,11 +310,11 @@ void clsObSpecialVar::readNumber(TextView number) {
 }
 
 void clsObSpecialVar::reportUnknownAttribute(TextView attribute) {
-  isRepeatable_ = false;  // the operator is told each time
   const Ref<clsMessage> messages = modRDPGlobalValues::ofThisThread().refInsMessage;
   messages->sShowMessageWithTitle(u"No se encontró el tipo de atributo " + Text(attribute) +
                                       u" en la línea " + names().readText,
                                   u"Impresión de Plantilla");
+  ++readings_;  // the operator is told each time
 }
 
 }  // namespace tarvo

@@ -4,6 +4,7 @@
 // between the first two characters of the value.  An element is one code or several; a code is a
 // count (1 when it is not written) and a letter: B for blanks, C for blanks in condensed print.  It
 // is kept in capitals, in whichever case it was written.
+#include "frame/borrowed.h"
 #include "frame/checked.h"
 #include "frame/modRDPGlobalValues.h"
 #include "printer/clsUtilImp.h"
@@ -14,49 +15,46 @@ namespace {
 
 constexpr TextView kCodeEnd = u".";
 
-// With kCodeEnd between its codes.
-Text withCodesApart(clsTexto& texto, TextView element) {
-  Text condensedEnded;
-  texto.fReplaceAll(element, u"C", u"C.", condensedEnded);
-  Text ended;
-  texto.fReplaceAll(condensedEnded, u"B", u"B.", ended);
-  if (ended.ends_with(kCodeEnd)) ended.pop_back();
-  return ended;
+// Puts kCodeEnd between the element's codes.
+void setCodesApart(clsTexto& texto, TextView element, Text& condensedApart, Text& result) {
+  texto.fReplaceAll(element, u"C", u"C.", condensedApart);
+  texto.fReplaceAll(condensedApart, u"B", u"B.", result);
+  if (result.ends_with(kCodeEnd)) result.pop_back();
 }
 
 }  // namespace
 
 void clsObSpecialVar::fDoSpecialSeparationString(TextView text, Text& result) try {
-  Text spread(text.substr(0, 1));
-  Text separation;
+  Borrowed<PatternTexts> texts(patternTexts_);
+  Text& spread = texts->spread;
+  spread.assign(text.substr(0, 1));
   const auto gaps = narrow<std::int16_t>(text.empty() ? 0 : text.size() - 1);
   countedLoop(std::int16_t{1}, gaps, [&](std::int16_t gap) {
-    fGetCharsFromSpecialSeparationString(gap, separation);
-    spread.append(separation).push_back(text[static_cast<std::size_t>(gap)]);
+    fGetCharsFromSpecialSeparationString(gap, *texts);
+    spread.append(texts->separation).push_back(text[static_cast<std::size_t>(gap)]);
   });
   result.swap(spread);
 } catch (...) {
   trap("fDoSpecialSeparationString");
 }
 
-void clsObSpecialVar::fGetCharsFromSpecialSeparationString(std::int16_t gap, Text& result) try {
+void clsObSpecialVar::fGetCharsFromSpecialSeparationString(std::int16_t gap,
+                                                           PatternTexts& texts) try {
   const Ref<clsTexto> texto = modRDPGlobalValues::ofThisThread().refInsTexto;
-  TextList elements;
   const Ref<VariableNames> held = names_;
-  texto->fSplit(held->specialSeparationString, u"-", elements);
-  if (elements.empty()) throw RunTimeError(kSubscriptOutOfRange);
-  const Text& element = elements[static_cast<std::size_t>(gap - 1) % elements.size()];
+  texto->fSplit(held->specialSeparationString, u"-", texts.elements);
+  if (texts.elements.empty()) throw RunTimeError(kSubscriptOutOfRange);
+  const Text& element = texts.elements[static_cast<std::size_t>(gap - 1) % texts.elements.size()];
   if (element.size() <= 1) {
-    fConvierteBCEnImprimible(element, result);
+    fConvierteBCEnImprimible(element, texts.separation);
     return;
   }
-  TextList codes;
-  texto->fSplit(withCodesApart(*texto, element), kCodeEnd, codes);
-  result.clear();
-  Text printable;
-  for (const Text& code : codes) {
-    fConvierteBCEnImprimible(code, printable);
-    result += printable;
+  setCodesApart(*texto, element, texts.code, texts.element);
+  texto->fSplit(texts.element, kCodeEnd, texts.codes);
+  texts.separation.clear();
+  for (const Text& code : texts.codes) {
+    fConvierteBCEnImprimible(code, texts.code);
+    texts.separation += texts.code;
   }
 } catch (...) {
   trap("fGetCharsFromSpecialSeparationString");

@@ -2,7 +2,6 @@
 
 #include "frame/borrowed.h"
 #include "frame/checked.h"
-#include "frame/modRDPGlobalValues.h"
 #include "template/text_parts.h"
 
 namespace tarvo {
@@ -23,7 +22,7 @@ bool isComment(TextView line) {
 
 void LineTranslator::translate(Ref<clsObLineCharacts>& line, TextView templateLine,
                                VariableSource& source) {
-  const Ref<clsObLineCharacts> held = line;  // the source may change the caller's reference
+  const Ref<clsObLineCharacts> held = line;
   if (Ref<TemplateLine> known = lineOf(templateLine); known && !known->isComment()) {
     held->beginTranslation(std::move(known));
   } else {
@@ -44,11 +43,14 @@ bool LineTranslator::takeComment(clsObLineCharacts& line, TextView templateLine)
 }
 
 void LineTranslator::resolveVariables(Ref<clsObLineCharacts>& line, VariableSource& source) {
-  for (std::int16_t count = 0; line->holdsVariable(); count = checkedAdd(count, std::int16_t{1})) {
-    line->extractNextVariable();
-    if (line->isKnownToBeClients() || !giveLibrarysValue(*line)) askSource(line, source);
-    line->sFormatSpecialVar();
-    line->sReplaceVarInTextToWrite();
+  Ref<clsObLineCharacts> current = line;
+  for (std::int16_t count = 0; current->holdsVariable();
+       count = checkedAdd(count, std::int16_t{1})) {
+    current->extractNextVariable();
+    if (current->isKnownToBeClients() || !giveLibrarysValue(*current)) askSource(line, source);
+    if (current.get() != line.get()) current = line;  // the source has put another one there
+    current->sFormatSpecialVar();
+    current->sReplaceVarInTextToWrite();
   }
 }
 
@@ -74,21 +76,27 @@ void LineTranslator::askSource(Ref<clsObLineCharacts>& line, VariableSource& sou
 // or its braces do not come in pairs.
 Ref<TemplateLine> LineTranslator::lineOf(TextView text) {
   forgetUnlessServicesAreTheSame();
-  if (!texto_ || !texto_->mayBeBypassed() || text.size() > kLongestLine) return {};
+  const clsTexto* texto = services_.texto();
+  if (texto == nullptr || !texto->mayBeBypassed() || text.size() > kLongestLine) return {};
+  // A line that comes again mostly comes from the same place.
+  Ref<TemplateLine>& recent = recent_[reinterpret_cast<std::uintptr_t>(text.data()) / 16 % kRecent];
+  if (!recent || !TextEqual()(recent->text(), text)) recent = findOrMake(text);
+  return recent->isRegular() ? recent : Ref<TemplateLine>();
+}
+
+Ref<TemplateLine> LineTranslator::findOrMake(TextView text) {
   auto found = lines_.find(text);
   if (found == lines_.end()) {
     if (lines_.size() >= kMostLines) lines_.clear();
-    found = lines_.emplace(Text(text), make<TemplateLine>(text)).first;
+    found = lines_.emplace(Text(text), make<TemplateLine>(text, services_)).first;
   }
-  return found->second->isRegular() ? found->second : Ref<TemplateLine>();
+  return found->second;
 }
 
 void LineTranslator::forgetUnlessServicesAreTheSame() {
-  const modRDPGlobalValues& services = modRDPGlobalValues::ofThisThread();
-  if (services.refInsTexto == texto_ && services.refInsConvert == convert_) return;
+  if (services_.areTheSame()) return;
   lines_.clear();
-  texto_ = services.refInsTexto;
-  convert_ = services.refInsConvert;
+  recent_.fill({});
 }
 
 }  // namespace tarvo

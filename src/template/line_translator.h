@@ -5,10 +5,12 @@
 // read again like the template.
 #pragma once
 
+#include <array>
+
 #include "frame/borrowed.h"
 #include "frame/object.h"
-#include "frame/services.h"
 #include "template/clsObLineCharacts.h"
+#include "template/services_seen.h"
 #include "template/template_line.h"
 #include "template/text_key.h"
 
@@ -38,18 +40,20 @@ class LineTranslator {
 
  private:
   static constexpr std::size_t kMostLines = 1024;
+  static constexpr std::size_t kRecent = 64;
   static constexpr std::size_t kLongestLine = 4096;  // longer ones are not kept
 
   void forgetUnlessServicesAreTheSame();
   Ref<TemplateLine> lineOf(TextView text);
+  Ref<TemplateLine> findOrMake(TextView text);
   bool takeComment(clsObLineCharacts& line, TextView templateLine);
   void resolveVariables(Ref<clsObLineCharacts>& line, VariableSource& source);
   bool giveLibrarysValue(clsObLineCharacts& line);
   void askSource(Ref<clsObLineCharacts>& line, VariableSource& source);
 
   TextMap<Ref<TemplateLine>> lines_;
-  Ref<clsTexto> texto_;
-  Ref<clsConvert> convert_;
+  std::array<Ref<TemplateLine>, kRecent> recent_;  // by where the text stood in memory
+  ServicesSeen services_;
   Kept<Text> content_;  // kept storage, borrowed (frame/borrowed.h)
 };
 

@@ -5,8 +5,8 @@
 // memory.
 #pragma once
 
-#include "frame/services.h"
 #include "template/parsed_variable.h"
+#include "template/services_seen.h"
 #include "template/text_key.h"
 
 namespace tarvo {
@@ -23,11 +23,8 @@ class ParsedVariables {
   void keep(TextView text, Ref<const ParsedVariable> parsed);
 
  private:
-  void forgetUnlessServicesAreTheSame();
-
   TextMap<Ref<const ParsedVariable>> variables_;
-  Ref<clsTexto> texto_;
-  Ref<clsConvert> convert_;
+  ServicesSeen services_;
 };
 
 }  // namespace tarvo

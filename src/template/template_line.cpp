@@ -4,8 +4,8 @@
 
 namespace tarvo {
 
-TemplateLine::TemplateLine(TextView text)
-    : text_(text), isComment_(trimBlanks(text).starts_with(u"...")) {
+TemplateLine::TemplateLine(TextView text, const ServicesSeen& services)
+    : text_(text), services_(services), isComment_(trimBlanks(text).starts_with(u"...")) {
   findVariables();
 }
 

@@ -11,6 +11,7 @@
 #include "frame/text.h"
 #include "template/control_words.h"
 #include "template/parsed_variable.h"
+#include "template/services_seen.h"
 
 namespace tarvo {
 
@@ -28,9 +29,13 @@ class TemplateLine final : public Object {
     std::size_t end() const noexcept { return open + size + 2; }
   };
 
-  explicit TemplateLine(TextView text);
+  // `services`: those with which its variables are read.
+  TemplateLine(TextView text, const ServicesSeen& services);
 
   const Text& text() const noexcept { return text_; }
+
+  // Whether the present services are those with which it is read.
+  bool isOfPresentServices() const { return services_.arePresent(); }
 
   // Whether its first characters but blanks are "...".
   bool isComment() const noexcept { return isComment_; }
@@ -46,6 +51,7 @@ class TemplateLine final : public Object {
   void findVariables();
 
   Text text_;
+  ServicesSeen services_;
   std::vector<Variable> variables_;
   bool isComment_;
   bool isRegular_ = true;

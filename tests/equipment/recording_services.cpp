@@ -7,7 +7,9 @@ namespace {
 
 template <class... Arguments>
 void recordCall(CallLog& log, Fault& fault, const char* operation, const Arguments&... arguments) {
-  log.add(std::string(operation) + " " + showArguments(arguments...));
+  std::string line = operation;
+  if constexpr (sizeof...(arguments) > 0) line += " " + showArguments(arguments...);
+  log.add(std::move(line));
   fault.countCall();
 }
 
@@ -122,6 +124,29 @@ void RecordingConvert::fDateToText(Date valDate, Text& result) {
 }
 std::int32_t RecordingConvert::fReportWidth(std::int32_t valLength, std::int16_t valCode) {
   return record("clsConvert.fReportWidth", valLength, valCode).fReportWidth(valLength, valCode);
+}
+
+template <class... Arguments>
+clsUtilDate& RecordingDate::record(const char* operation, const Arguments&... arguments) {
+  recordCall(log_, fault, operation, arguments...);
+  return *next_;
+}
+
+Date RecordingDate::fToday() { return record("clsUtilDate.fToday").fToday(); }
+void RecordingDate::fTimeText(Text& result) { record("clsUtilDate.fTimeText").fTimeText(result); }
+void RecordingDate::fFormatDate(Date valDate, TextView valFormat, Text& result) {
+  record("clsUtilDate.fFormatDate", valDate, valFormat).fFormatDate(valDate, valFormat, result);
+}
+void RecordingDate::fDefaultDateText(Date valDate, Text& result) {
+  record("clsUtilDate.fDefaultDateText", valDate).fDefaultDateText(valDate, result);
+}
+std::int16_t RecordingDate::fYear(Date valDate) {
+  return record("clsUtilDate.fYear", valDate).fYear(valDate);
+}
+
+Currency RecordingMath::fRound(Currency valValue, std::int16_t valDecimals) {
+  recordCall(log_, fault, "clsUtilMathOperations.fRound", valValue, valDecimals);
+  return next_->fRound(valValue, valDecimals);
 }
 
 template <class... Arguments>

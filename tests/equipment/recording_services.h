@@ -80,6 +80,42 @@ class RecordingConvert final : public clsConvert {
   Ref<clsConvert> next_;
 };
 
+// "clsUtilDate.fFormatDate day 35868, \"dd/mm\""; an operation without arguments is its name alone.
+class RecordingDate final : public clsUtilDate {
+ public:
+  RecordingDate(CallLog& log, Ref<clsUtilDate> next) : log_(log), next_(std::move(next)) {}
+
+  Fault fault;
+
+  Date fToday() override;
+  void fTimeText(Text& result) override;
+  void fFormatDate(Date valDate, TextView valFormat, Text& result) override;
+  void fDefaultDateText(Date valDate, Text& result) override;
+  std::int16_t fYear(Date valDate) override;
+
+ private:
+  template <class... Arguments>
+  clsUtilDate& record(const char* operation, const Arguments&... arguments);
+
+  CallLog& log_;
+  Ref<clsUtilDate> next_;
+};
+
+// "clsUtilMathOperations.fRound 12500/10000, 0"
+class RecordingMath final : public clsUtilMathOperations {
+ public:
+  RecordingMath(CallLog& log, Ref<clsUtilMathOperations> next)
+      : log_(log), next_(std::move(next)) {}
+
+  Fault fault;
+
+  Currency fRound(Currency valValue, std::int16_t valDecimals) override;
+
+ private:
+  CallLog& log_;
+  Ref<clsUtilMathOperations> next_;
+};
+
 // The operator of a test: reads every message and answers every question.
 class RecordingMessage final : public clsMessage {
  public:

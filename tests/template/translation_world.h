@@ -1,0 +1,195 @@
+// A whole world for one translator: services, a printer, a line, a source; and an account of all
+// that is to be seen while a template line is translated.
+//
+// Two worlds in which the same happens give the same account, letter by letter, whether the text
+// service is asked for every step or not.
+#pragma once
+
+#include <functional>
+#include <sstream>
+#include <string>
+
+#include "equipment/errors.h"
+#include "equipment/recording_services.h"
+#include "equipment/show_arguments.h"
+#include "frame/modRDPGlobalValues.h"
+#include "printer/clsUtilImp.h"
+#include "services/clsConvert.h"
+#include "services/clsUtilDate.h"
+#include "services/clsUtilMathOperations.h"
+#include "template/asked_texto.h"
+#include "template/line_dump.h"
+#include "template/line_translator.h"
+
+namespace tarvo::test {
+
+// Everything that a client can see of a variable.
+inline std::string wholeDumpOf(const clsObSpecialVar& v) {
+  std::ostringstream all;
+  all << v.GetPosBegin() << "-" << v.GetPosEnd() << " size " << v.GetSize() << " reads "
+      << inQuotes(v.GetReadText()) << " record " << inQuotes(v.GetRecordName()) << " field "
+      << inQuotes(v.GetFieldName()) << " element " << v.GetIsFieldOfArray() << "/"
+      << show(v.GetArrayPosition()) << "/" << v.GetFieldOfArrayHasPositionInsideTheArray()
+      << " alignment " << v.GetAlignmentWasRead() << "/" << v.GetAlignmentType() << " length "
+      << show(v.GetLength()) << " decimals " << show(v.GetDecimalPlaces()) << " flags "
+      << v.GetPrintComa() << v.GetPrintZero() << v.GetNotSpacesToTheSides() << v.GetFillWithZero()
+      << v.GetSeparatorOfCommasAndDot() << v.GetRepeatCharsUntilFill()
+      << v.GetVariableToWriteEmpty() << v.GetVariableToApplyCondition()
+      << v.GetValueComesInAttrib() << v.GetPrintLine() << v.GetLineOfRepeatToPrint()
+      << v.GetEndOfRepeatPrintLine() << v.GetUsingSpecialSeparationString() << " pattern "
+      << inQuotes(v.GetSpecialSeparationString()) << " values " << show(v.GetIifPossibleValues())
+      << " kind " << v.GetTypeField() << " content " << inQuotes(v.GetContentString()) << "/"
+      << show(v.GetContentNumeric()) << "/" << show(v.GetContentDate()) << "/"
+      << v.GetContentBool() << "/" << inQuotes(v.GetContentEnum()) << " writes "
+      << inQuotes(v.GetTextToWrite());
+  return all.str();
+}
+
+class TranslationWorld;
+
+// What a source does: gives the line's variable a value, or anything else.  `call` counts from 1
+// in each translation.
+using SourceAction = std::function<bool(Ref<clsObLineCharacts>& line, int call, TranslationWorld&)>;
+
+// Notes what it is asked.  Gives up after many answers, for a text may never come to an end.
+class RecordingSource final : public VariableSource {
+ public:
+  static constexpr int kMostAnswers = 40;
+  static constexpr std::int32_t kGivesUp = 4711;
+
+  RecordingSource(TranslationWorld& world, CallLog& log, const SourceAction& action)
+      : world_(world), log_(log), action_(action) {}
+
+  bool answer(Ref<clsObLineCharacts>& line) override {
+    const Ref<clsObSpecialVar> variable = line->GetSpecialVar();
+    log_.add("source.answer " + (variable ? wholeDumpOf(*variable) : "without variable"));
+    if (++calls_ > kMostAnswers) throw RunTimeError(kGivesUp);
+    return action_(line, calls_, world_);
+  }
+
+  void notFound(clsObLineCharacts& line) override {
+    log_.add("source.notFound " + inQuotes(line.GetSpecialVar()->GetContentString()));
+  }
+
+ private:
+  TranslationWorld& world_;
+  CallLog& log_;
+  const SourceAction& action_;
+  int calls_ = 0;
+};
+
+// An operator before whom something happens whenever a message is shown.
+class OperatorWhoActs final : public clsMessage {
+ public:
+  using Action = std::function<void()>;
+  OperatorWhoActs(Ref<clsMessage> next, const Action& action)
+      : next_(std::move(next)), action_(action) {}
+
+  void sShowMessageWithTitle(TextView valText, TextView valTitle) override {
+    next_->sShowMessageWithTitle(valText, valTitle);
+    if (action_) action_();
+  }
+  void sShowMessage(Text& refText) override { next_->sShowMessage(refText); }
+  void sWarning(Text& refText) override { next_->sWarning(refText); }
+  void sWarningWithTitle(TextView valText, TextView valTitle) override {
+    next_->sWarningWithTitle(valText, valTitle);
+  }
+  bool fAskAcceptCancel(TextView valText, TextView valTitle) override {
+    return next_->fAskAcceptCancel(valText, valTitle);
+  }
+  bool fWarnLocation(TextView valProjectTitle, std::int16_t valLocationCode) override {
+    return next_->fWarnLocation(valProjectTitle, valLocationCode);
+  }
+
+ private:
+  Ref<clsMessage> next_;
+  const Action& action_;
+};
+
+class TranslationWorld {
+ public:
+  enum TextService { kAsked, kBypassed };
+
+  explicit TranslationWorld(TextService service) {
+    use(service);
+    printer->SetChrBold(u"[bold]");
+    printer->SetChrCondensed(u"[condensed]");
+    printer->SetChrNormal(u"[normal]");
+    useServices();
+  }
+
+  // From the next translation on.
+  void use(TextService service) {
+    if (service == kAsked) {
+      texto = askedTexto;
+    } else {
+      texto = make<LibTarvoCI::clsTexto>();
+    }
+  }
+
+  // Translates as an engine does, and tells what was to be seen.
+  std::string translate(TextView templateLine, const SourceAction& action) {
+    useServices();
+    prepareLines();
+    seen.clear();
+    otherCalls.clear();
+    RecordingSource source(*this, seen, action);
+    const std::optional<RunTimeError> raised =
+        errorOf([&] { translator.translate(line, templateLine, source); });
+    std::string account = seen.text();
+    if (raised) {
+      account += "error " + std::to_string(raised->number()) + " of " + toUtf8(raised->source()) +
+                 ": " + toUtf8(raised->description()) + "\n";
+    }
+    return account + "line: " + describe(line.get()) + "\nother: " + describe(other.get()) + "\n";
+  }
+
+  void useServices() {
+    modRDPGlobalValues& services = modRDPGlobalValues::ofThisThread();
+    services = modRDPGlobalValues();
+    services.refInsError = error;
+    services.refInsMessage = operatorWhoActs_;
+    services.refInsTexto = texto;
+    services.refInsConvert = convert;
+    services.refInsUtilDate = dates;
+    services.refInsUtilMathOperations = math;
+    services.refInsImp = printer;
+  }
+
+  CallLog seen;  // what the source, the operator and the error service are told
+  CallLog otherCalls;  // of the conversion, the date and the math service
+  Ref<RecordingError> error = make<RecordingError>(seen);
+  Ref<RecordingMessage> message = make<RecordingMessage>(seen);
+  Ref<AskedTexto> askedTexto = make<AskedTexto>();
+  Ref<clsTexto> texto;
+  Ref<RecordingConvert> convert =
+      make<RecordingConvert>(otherCalls, make<LibTarvoCI::clsConvert>());
+  Ref<RecordingDate> dates = make<RecordingDate>(otherCalls, make<LibTarvoCI::clsUtilDate>());
+  Ref<RecordingMath> math =
+      make<RecordingMath>(otherCalls, make<LibTarvoCI::clsUtilMathOperations>());
+  Ref<clsUtilImp> printer = make<clsUtilImp>();
+
+  LineTranslator translator;
+  Ref<clsObLineCharacts> line;   // the engine's
+  Ref<clsObLineCharacts> other;  // one that a source may use
+  std::function<void()> atEachMessage;
+
+ private:
+  void prepareLines() {
+    if (!line || !line->GetSpecialVar()) line = make<clsObLineCharacts>();
+    line->sClrRecord();
+    if (!other || other == line) other = make<clsObLineCharacts>();
+    other->sClrRecord();
+  }
+
+  static std::string describe(const clsObLineCharacts* line) {
+    if (line == nullptr) return "none";
+    const Ref<clsObSpecialVar> variable = line->GetSpecialVar();
+    return dumpOf(*line) + " prints " + inQuotes(line->GetTextToPrint()) + ", variable " +
+           (variable ? wholeDumpOf(*variable) : "none");
+  }
+
+  Ref<OperatorWhoActs> operatorWhoActs_ = make<OperatorWhoActs>(message, atEachMessage);
+};
+
+}  // namespace tarvo::test
