@@ -34,8 +34,9 @@ Eight bracesAmong(const char16_t* text) noexcept {
 
 // Every variable is asked whether it is empty, conditional or not; only the date service can tell.
 bool somebodySeesTheQuestion(const clsObSpecialVar& variable) {
-  return variable.GetTypeField() == TFR_Date &&
-         !modRDPGlobalValues::ofThisThread().refInsUtilDate->mayBeBypassed();
+  if (variable.GetTypeField() != TFR_Date) return false;
+  const clsUtilDate* dates = modRDPGlobalValues::ofThisThread().refInsUtilDate.get();
+  return dates == nullptr || !dates->mayBeBypassed();
 }
 
 bool holdsBrace(TextView text) noexcept {

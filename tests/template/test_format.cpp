@@ -423,7 +423,7 @@ TEST_F(Format, OfAnEnumerationWithoutIifIsError13) {
   const Value lists[] = {Value(), Value(Text(u"Uno")), Value(ValueArray{}),
                          Value(ValueArray{Value(Text(u"Uno")), Value(Text(u"Dos"))})};
   for (const Value& list : lists) {
-    for (const char16_t* line : {u"{F}", u"{F,9,QR}", u"{F,DF(dd)}"}) {
+    for (const char16_t* line : {u"{F}", u"{F,9,QR}", u"{F,DF(dd)}", u"{F,IIF}"}) {
       SCOPED_TRACE(show(list) + toUtf8(line));
       formatted(u"{F,IIF(\"C\",Uno,Dos)}", enumC);
       variable->SetIifPossibleValues(list);
