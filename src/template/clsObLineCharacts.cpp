@@ -26,10 +26,12 @@ Text wordOf(TextView text) {
 // Eight characters that are looked at in one step.
 using Eight = std::uint16_t __attribute__((vector_size(16)));
 
+constexpr Eight eightTimes(std::uint16_t c) noexcept { return Eight{c, c, c, c, c, c, c, c}; }
+
 Eight bracesAmong(const char16_t* text) noexcept {
   Eight characters;
   std::memcpy(&characters, text, sizeof characters);
-  return static_cast<Eight>((characters == u'{') | (characters == u'}'));
+  return Eight((characters == eightTimes(u'{')) | (characters == eightTimes(u'}')));
 }
 
 // Every variable is asked whether it is empty, conditional or not; only the date service can tell.
@@ -151,7 +153,7 @@ void clsObLineCharacts::removeThroughService(const clsObSpecialVar& variable) {
 
 // Whether the variable is still the one with which the rest of the template line begins.
 inline bool clsObLineCharacts::beginsTheRest(const clsObSpecialVar& variable) const noexcept {
-  return next_ != template_.get()->variablesEnd() && restBegin_ == next_->open &&
+  return next_ != template_->variablesEnd() && restBegin_ == next_->open &&
          static_cast<std::size_t>(variable.GetPosBegin()) == textToWrite_.size() + 1 &&
          static_cast<std::size_t>(variable.GetSize()) == next_->size;
 }
@@ -268,7 +270,7 @@ void clsObLineCharacts::beginTranslation(Ref<TemplateLine> line) {
 // Other services are asked about every step from here on.
 inline bool clsObLineCharacts::isTranslatingStill() const {
   if (!isTranslating()) return false;
-  if (template_.get()->isOfPresentServices()) return true;
+  if (template_->isOfPresentServices()) return true;
   joinText();
   return false;
 }
@@ -290,13 +292,13 @@ void clsObLineCharacts::extractNextVariable() {
     return;
   }
   if (const std::size_t before = next_->open - restBegin_; before != 0) {
-    textToWrite_.append(template_.get()->text(), restBegin_, before);
+    textToWrite_.append(template_->text(), restBegin_, before);
     restBegin_ = next_->open;
   }
   constexpr auto kLastPlace = static_cast<std::size_t>(std::numeric_limits<std::int16_t>::max());
   const std::size_t place = textToWrite_.size() + 1;
   if (next_->parsed && specialVar_ && place + next_->size < kLastPlace) {
-    specialVar_->takeParsed(*next_->parsed.get(), static_cast<std::int16_t>(place));
+    specialVar_->takeParsed(*next_->parsed, static_cast<std::int16_t>(place));
   } else {
     readNextVariable();
   }

@@ -128,7 +128,7 @@ class clsObLineCharacts final : public TrappedObject {
 
   // Whether the text holds a "{".
   bool holdsVariable() const {
-    return isTranslating() ? next_ != template_.get()->variablesEnd() : findsVariable();
+    return isTranslating() ? next_ != template_->variablesEnd() : findsVariable();
   }
 
   // As sExtractSpecialVar with the present text.
