@@ -6,8 +6,8 @@
 //   d36000   a date          s n   a boolean        !     an error    *  looks at the line's text
 // and any other line is a text.
 //
-// Each line is translated by a text service that must be asked for every step and by one that may
-// be bypassed, twice by each: nobody may see a difference.
+// Each line is translated with services that must be asked for every step and with some that may be
+// bypassed, twice with each: nobody may see a difference.
 #include <string>
 #include <vector>
 
@@ -21,7 +21,7 @@
 #include "services/clsUtilDate.h"
 #include "services/clsUtilMathOperations.h"
 #include "template/line_translator.h"
-#include "tests/template/asked_texto.h"
+#include "tests/template/asked_services.h"
 #include "tests/template/forwarding_convert.h"
 
 namespace tarvo::fuzz {
@@ -31,7 +31,7 @@ namespace {
 constexpr std::size_t kLongestInput = 1'000;
 constexpr int kMostAnswers = 100;
 constexpr int kMostMessages = 20;
-constexpr std::int16_t kMostBlanks = 99;
+constexpr std::int16_t kMostBlanks = 30;
 // One value spread by a separator pattern, among 32,767 characters.
 constexpr std::size_t kLongestText = 10'000'000;
 
@@ -135,7 +135,8 @@ class Source final : public VariableSource {
   static std::int64_t numberIn(TextView text) {
     std::int64_t number = 0;
     for (const char16_t c : text) {
-      if (c >= u'0' && c <= u'9' && number < 100'000'000'000'000'000) number = number * 10 + c - u'0';
+      if (c >= u'0' && c <= u'9' && number < 100'000'000'000'000'000)
+        number = number * 10 + c - u'0';
     }
     return text.starts_with(u'-') ? -number : number;
   }
@@ -165,11 +166,14 @@ Input read(const std::uint8_t* data, std::size_t size) {
   return input;
 }
 
-// One engine's line and translator, with one of the text services.
+// One engine's line and translator, with their services.
 class World {
  public:
-  explicit World(Ref<clsTexto> texto) : texto_(std::move(texto)) {
-    printer_->SetChrBold(u"\x1B" u"E");
+  World(Ref<clsTexto> texto, Ref<clsUtilDate> dates)
+      : texto_(std::move(texto)), dates_(std::move(dates)) {
+    printer_->SetChrBold(
+        u"\x1B"
+        u"E");
     printer_->SetChrCondensed(u"\x0F");
     printer_->SetChrNormal(u"\x12");
   }
@@ -208,8 +212,8 @@ class World {
     const Text& text = line_->GetTextToWrite();
     require(text.size() <= kLongestText, "a line takes no more memory than it was given");
     require(error == 0 || error == kInvalidProcedureCall || error == kOverflow ||
-                error == kSubscriptOutOfRange || error == kTypeMismatch ||
-                error == kSourceRaises || error == kOperatorRaises,
+                error == kSubscriptOutOfRange || error == kTypeMismatch || error == kSourceRaises ||
+                error == kOperatorRaises,
             "a line ends in an error that a template can cause");
     const bool isComment = trimBlanks(input.line).starts_with(u"...");
     require(!isComment || (error == 0 && !line_->GetPrintLine()), "a comment is not printed");
@@ -233,7 +237,7 @@ class World {
 
   Ref<clsTexto> texto_;
   Ref<ThriftyConvert> convert_ = make<ThriftyConvert>();
-  Ref<LibTarvoCI::clsUtilDate> dates_ = make<LibTarvoCI::clsUtilDate>();
+  Ref<clsUtilDate> dates_;
   Ref<LibTarvoCI::clsUtilMathOperations> math_ = make<LibTarvoCI::clsUtilMathOperations>();
   Ref<clsUtilImp> printer_ = make<clsUtilImp>();
   LineTranslator translator_;
@@ -246,10 +250,10 @@ void requireSame(const Account& is, const Account& shouldBe, const char* claim) 
 }
 
 void check(const Input& input) {
-  World asked(make<test::AskedTexto>());
-  World bypassed(make<LibTarvoCI::clsTexto>());
+  World asked(make<test::AskedTexto>(), make<test::AskedDate>());
+  World bypassed(make<LibTarvoCI::clsTexto>(), make<LibTarvoCI::clsUtilDate>());
   const Account account = asked.translate(input);
-  requireSame(bypassed.translate(input), account, "a bypassed text service is not missed");
+  requireSame(bypassed.translate(input), account, "services that are bypassed are not missed");
   requireSame(asked.translate(input), account, "a line comes out the same each time");
   requireSame(bypassed.translate(input), account, "what was read before is read the same");
 }

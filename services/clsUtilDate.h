@@ -33,8 +33,6 @@ class clsUtilDate final : public tarvo::clsUtilDate {
 
   std::int16_t fYear(Date valDate) override;
 
-  bool mayBeBypassed() const noexcept override { return true; }
-
  private:
   Clock clock_;
 };

@@ -26,9 +26,10 @@ class clsImplementIDMD : public Object {
   // Gives the line's variable (GetSpecialVar) its value with a SetContent... operation and answers
   // True; or answers False, and "No se encontró" is printed in its place.
   //   valMontoSubTotal  the subtotal of the records before the present one
-  // Called once for each variable each time its line is translated, in their order; a record's
-  // lines are translated once to measure them and once to print them, so the same record must get
-  // the same answers.  Not called for control words, constants and the engine's own variables.
+  // Called once for each variable each time its line is translated, in their order.  Where pages
+  // have a length, lines are translated to measure them before they are translated to be printed,
+  // so the same record must get the same answers.  Not called for control words, constants and the
+  // engine's own variables.
   // On a line that repeats, sets the variable's EndOfRepeatPrintLine with its last value.
   virtual bool fTranslateSpecialVarMD(Ref<clsObLineCharacts>& refLineToWrite,
                                       Currency valMontoSubTotal);

@@ -16,6 +16,10 @@
 // An operation that gives a text replaces `result` by it, whatever was in it; `result` must not be
 // the storage that an argument looks into.
 //
+// An operation must not change the library's object for which it is called: the texts that it gets
+// are that object's own.  What the text and the conversion service have answered about a template's
+// text may be kept as long as they are the same objects.
+//
 // Threads: the client's.  Raises: whatever the implementation raises, which travels to the client;
 // 438 at the call of an operation that a service reached by name does not have.
 // Stand-in: 5 for a position below 1 and a negative count, width, distance, number of decimals or
@@ -223,9 +227,6 @@ class clsUtilDate : public Object {
 
   // Of the calendar, 100 to 9999.
   virtual std::int16_t fYear(Date valDate) = 0;
-
-  // As clsTexto has it: here, whether the library need not ask for what it will not use.
-  virtual bool mayBeBypassed() const noexcept { return false; }
 };
 
 // The math service.

@@ -34,13 +34,6 @@ Eight bracesAmong(const char16_t* text) noexcept {
   return Eight((characters == eightTimes(u'{')) | (characters == eightTimes(u'}')));
 }
 
-// Every variable is asked whether it is empty, conditional or not; only the date service can tell.
-bool somebodySeesTheQuestion(const clsObSpecialVar& variable) {
-  if (variable.GetTypeField() != TFR_Date) return false;
-  const clsUtilDate* dates = modRDPGlobalValues::ofThisThread().refInsUtilDate.get();
-  return dates == nullptr || !dates->mayBeBypassed();
-}
-
 bool holdsBrace(TextView text) noexcept {
   constexpr std::size_t kAtOnce = 8;
   if (text.size() < kAtOnce) {
@@ -124,9 +117,8 @@ void clsObLineCharacts::sFormatSpecialVar() try {
 void clsObLineCharacts::sReplaceVarInTextToWrite() try {
   const Ref<clsObSpecialVar> variable = specialVar_;
   removeVariable(*variable);
-  const bool applies = variable->GetVariableToApplyCondition();
-  const bool isEmpty = (applies || somebodySeesTheQuestion(*variable)) && variable->fIsEmpty();
-  if (applies && isEmpty) {
+  const bool isEmpty = variable->fIsEmpty();  // asked of every variable, conditional or not
+  if (variable->GetVariableToApplyCondition() && isEmpty) {
     printLine_ = false;
   } else if (!variable->GetVariableToWriteEmpty()) {
     insertAtVariable(*variable);
@@ -159,7 +151,7 @@ inline bool clsObLineCharacts::beginsTheRest(const clsObSpecialVar& variable) co
 }
 
 inline void clsObLineCharacts::insertAtVariable(const clsObSpecialVar& variable) {
-  if (!isTranslating()) {
+  if (!isTranslatingStill()) {
     insertThroughService(variable);
     return;
   }
@@ -176,9 +168,9 @@ void clsObLineCharacts::insertThroughService(const clsObSpecialVar& variable) {
 }
 
 bool clsObLineCharacts::fSpecialVarIsAnyControlChar(TextView valText, Text& refContent) try {
-  const Control control = controlOf(wordOf(valText));
+  const Text text(valText);  // it may be the content
   refContent.clear();
-  return applyControl(control, refContent);
+  return applyControl(controlOf(wordOf(text)), refContent);
 } catch (...) {
   trap("fSpecialVarIsAnyControlChar");
 }
@@ -305,13 +297,18 @@ void clsObLineCharacts::extractNextVariable() {
 }
 
 void clsObLineCharacts::readNextVariable() {
-  const Ref<TemplateLine> held = template_;  // a message may lead back to this line
+  const Ref<TemplateLine> held = template_;
+  const Ref<clsObSpecialVar> variable = specialVar_;
   TemplateLine::Variable& next = *next_;
   sExtractSpecialVar(textToWrite_ + held->text().substr(restBegin_));
-  const Ref<clsObSpecialVar> variable = specialVar_;
+  // A message may have led back to this line, and have done anything to it.
+  if (template_ != held || next_ != &next || specialVar_ != variable) {
+    joinText();
+    return;
+  }
   next.parsed = variable->lastParsed();
   next.control = controlOf(upperCase(trimBlanks(variable->GetFieldName())));
-  next.isConstant = variable->GetFieldName().starts_with(u'@');
+  next.isConstant = variable->GetFieldName().starts_with(kFreeMark);
 }
 
 bool clsObLineCharacts::applyControlWord(Text& refContent) {

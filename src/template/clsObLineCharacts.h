@@ -100,8 +100,8 @@ class clsObLineCharacts final : public TrappedObject {
   //   COMP, EXPANDIDO, ...     the printer's code
   //   NB, NBLANCOS             Length blanks
   //   SALTAPAGINA, TAB         the flag
-  //   REPEAT                   the line is printed again; the variable's LineOfRepeatToPrint is
-  //                            turned round
+  //   REPEAT                   the line is printed again, if this is its last variable; the
+  //                            variable's LineOfRepeatToPrint is turned round
   // If not, `refContent` is empty.
   bool fSpecialVarIsAnyControlChar(TextView valText, Text& refContent);
 

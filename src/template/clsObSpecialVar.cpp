@@ -3,6 +3,7 @@
 #include "frame/checked.h"
 #include "frame/modRDPGlobalValues.h"
 #include "frame/upper_case.h"
+#include "template/control_words.h"
 #include "template/text_parts.h"
 
 namespace tarvo {
@@ -87,13 +88,13 @@ void clsObSpecialVar::readOrTakeParsed(const Text& written) {
     return;
   }
   lastParsed_ = parsedNow(written.size());
-  parsed_.keep(written, lastParsed_);
+  if (!parsed_.keep(written, lastParsed_)) lastParsed_ = {};
 }
 
 // A free variable's attributes count in capitals, their arguments too.
 void clsObSpecialVar::raiseAttributesOfFreeVariable(const Text& written) {
   const TextParts texto;
-  if (!written.starts_with(u'@')) return;
+  if (!written.starts_with(kFreeMark)) return;
   const std::int32_t comma = texto.position(written, u",");
   if (comma < 1) return;
   Text name;

@@ -148,8 +148,8 @@ class clsObSpecialVar final : public TrappedObject {
   // False: the line that holds the variable is not printed.  Default: true.
   bool GetPrintLine() const noexcept { return printLine_; }
   void SetPrintLine(bool valNewValue) noexcept { printLine_ = valNewValue; }
-  // A line that is printed once per value: whether this is a later pass, and whether it is the
-  // last.  Default: false, true.
+  // A line that is printed once per value: turned round by the word REPEAT, and whether this pass
+  // is the last one.  sExtract sets both back.  Default: false, true.
   bool GetLineOfRepeatToPrint() const noexcept { return lineOfRepeatToPrint_; }
   void SetLineOfRepeatToPrint(bool valNewValue) noexcept { lineOfRepeatToPrint_ = valNewValue; }
   bool GetEndOfRepeatPrintLine() const noexcept { return endOfRepeatPrintLine_; }
@@ -167,7 +167,8 @@ class clsObSpecialVar final : public TrappedObject {
   // Back to the defaults, all but IifPossibleValues.
   void sClrObject();
 
-  // Reads the first variable of the line; without one PosBegin is 0 and everything else empty.
+  // Reads the first variable of the line; without one PosBegin is 0 and nothing is
+  // read (PosEnd and Size follow from a "}" all the same).
   // Raises: 5 for a "{" without a "}" after it, or whose line has a "}" before it.
   void sExtract(TextView valText);
 
@@ -182,9 +183,11 @@ class clsObSpecialVar final : public TrappedObject {
 
   // Reads the argument of an IIF, and takes it off the text.  Without ")" it is empty, and nothing
   // is taken off.
-  // A value with brackets is read only after QLR.  Without QLR this does not end: the message about
-  // the unknown attribute comes again and again, until the message service raises an error.
-  // Raises: 6 where no message comes, for a value that begins with PATRONSEPARADOR= and a bracket.
+  // Brackets before a value, [l] or [l,r], are the blanks to put around it; those of the last value
+  // are plain text.  Each is reported as an unknown attribute, and read only after QLR.  Without
+  // QLR this does not end: the message comes again and again, until the message service raises an
+  // error. Raises: 6 where no message comes, for a value that begins with PATRONSEPARADOR= and a
+  // bracket.
   void sExtractIfHasFunction(Text& refFieldCharacteristic);
 
   // The same for DATEFORMAT.

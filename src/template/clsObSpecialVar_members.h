@@ -23,7 +23,7 @@ struct Members<clsObSpecialVar> {
       property<&clsObSpecialVar::GetRecordName, &clsObSpecialVar::SetRecordName>(
           "RecordName", "the part before the first full stop, in its own case"),
       property<&clsObSpecialVar::GetFieldName, &clsObSpecialVar::SetFieldName>(
-          "FieldName", "the field, in capitals"),
+          "FieldName", "the field, in capitals but for a name with @"),
       property<&clsObSpecialVar::GetIsFieldOfArray, &clsObSpecialVar::SetIsFieldOfArray>(
           "IsFieldOfArray", "whether an element number in brackets was written"),
       property<&clsObSpecialVar::GetArrayPosition, &clsObSpecialVar::SetArrayPosition>(

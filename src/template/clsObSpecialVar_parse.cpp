@@ -3,6 +3,7 @@
 #include "frame/upper_case.h"
 #include "template/attribute_words.h"
 #include "template/clsObSpecialVar.h"
+#include "template/control_words.h"
 #include "template/text_parts.h"
 
 namespace tarvo {
@@ -83,7 +84,7 @@ void clsObSpecialVar::sExtractFieldAndCharacteristics() try {
 void clsObSpecialVar::readRecordName(Text& rest) {
   const TextParts texto;
   const std::int32_t dot = texto.position(rest, u".");
-  if (dot < 1 || rest.starts_with(u'@')) return;
+  if (dot < 1 || rest.starts_with(kFreeMark)) return;
   Text name;
   texto.part(rest, 1, dot - 1, name);
   texto.keepAfter(rest, dot);
@@ -100,7 +101,7 @@ std::int32_t clsObSpecialVar::readFieldName(const Text& rest) {
   Text name = rest;
   if (comma >= 1) texto.part(rest, 1, comma - 1, name);
   texto.trim(name);
-  if (!rest.starts_with(u'@')) {
+  if (!rest.starts_with(kFreeMark)) {
     name = upperCase(name);
     ownNames().fieldName = name;
     sExtractIfHasNumberArrayElement(name);
@@ -176,7 +177,7 @@ void clsObSpecialVar::readIifValues(TextView written) {
   // one between the two.  A last item that follows a value's own comma is a value again.
   ValueArray list;
   for (std::size_t i = 0; i < items.size(); i += 2) list.emplace_back(items[i]);
-  if (items.size() % 2 == 0) list.emplace_back(items.back());
+  if (!items.empty() && items.size() % 2 == 0) list.emplace_back(items.back());
   setIifValues(std::move(list));
 }
 

@@ -11,6 +11,12 @@
 
 namespace tarvo {
 
+// A line whose first characters but blanks are these is a comment.
+inline constexpr TextView kCommentMark = u"...";
+
+// A variable whose name begins with it is a constant, or free: it has no record part.
+inline constexpr char16_t kFreeMark = u'@';
+
 enum class Control : std::uint8_t {
   kNone,
   kSkipPoints,

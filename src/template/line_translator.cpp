@@ -7,9 +7,7 @@
 namespace tarvo {
 namespace {
 
-constexpr TextView kCommentMark = u"...";
 constexpr TextView kNotFound = u"No se encontró";
-constexpr char16_t kConstantMark = u'@';
 constexpr std::int32_t kLongestConstant = 255;
 
 bool isComment(TextView line) {
@@ -59,7 +57,7 @@ bool LineTranslator::giveLibrarysValue(clsObLineCharacts& line) {
   Borrowed<Text> content(content_);
   const Ref<clsObSpecialVar> variable = line.GetSpecialVar();
   if (!line.applyControlWord(*content)) {
-    if (!variable->GetFieldName().starts_with(kConstantMark)) return false;
+    if (!variable->GetFieldName().starts_with(kFreeMark)) return false;
     TextParts()->fPart(variable->GetFieldName(), 2, kLongestConstant, *content);
   }
   variable->SetContentString(*content);

@@ -8,14 +8,15 @@ const ParsedVariable* ParsedVariables::find(TextView text) {
   return found == variables_.end() ? nullptr : found->second.get();
 }
 
-void ParsedVariables::keep(TextView text, Ref<const ParsedVariable> parsed) {
-  if (!services_.areTheSame()) {  // replaced while it was read: it was read with both
+bool ParsedVariables::keep(TextView text, Ref<const ParsedVariable> parsed) {
+  if (!services_.areTheSame()) {
     variables_.clear();
-    return;
+    return false;
   }
-  if (text.size() > kLongestText) return;
+  if (text.size() > kLongestText) return true;
   if (variables_.size() >= kMostVariables) variables_.clear();
   variables_.insert_or_assign(Text(text), std::move(parsed));
+  return true;
 }
 
 }  // namespace tarvo

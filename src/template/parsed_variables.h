@@ -19,8 +19,9 @@ class ParsedVariables {
   // Null when the text was not read before with the present services.
   const ParsedVariable* find(TextView text);
 
-  // Keeps it, in place of all others when there are too many.
-  void keep(TextView text, Ref<const ParsedVariable> parsed);
+  // Keeps it, in place of all others when there are too many.  False: it must be read again each
+  // time, for the services were replaced while it was read.
+  bool keep(TextView text, Ref<const ParsedVariable> parsed);
 
  private:
   TextMap<Ref<const ParsedVariable>> variables_;

@@ -5,7 +5,7 @@
 namespace tarvo {
 
 TemplateLine::TemplateLine(TextView text, const ServicesSeen& services)
-    : text_(text), services_(services), isComment_(trimBlanks(text).starts_with(u"...")) {
+    : text_(text), services_(services), isComment_(trimBlanks(text).starts_with(kCommentMark)) {
   findVariables();
 }
 

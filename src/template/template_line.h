@@ -1,8 +1,8 @@
 // A template line that has been looked through: where its variables stand, and what each of them
 // says once it was read.
 //
-// Made for a regular line only, one whose braces come in pairs; any other line is taken as it
-// comes.  It depends on the text and the services alone.
+// Only a regular line, one whose braces come in pairs, and no comment, is translated by it; any
+// other line is taken as it comes.  It depends on the text and the services alone.
 #pragma once
 
 #include <vector>

@@ -1,7 +1,8 @@
 // The text service as the template language asks it.
 //
-// A place or a size of zero that comes out of a template means no characters, where the service's
-// own count of 0 means to the end; and a text of negative size is error 5 (a "}" before its "{").
+// A place or a size of zero that comes out of a template or from a client means no characters,
+// where the service's own count of 0 means to the end; and a text of negative size is error 5 (a
+// "}" before its "{").
 #pragma once
 
 #include <cstdint>

@@ -107,40 +107,166 @@ TEST(MemberTables, HaveAHelpTextForEveryClassAndOperation) {
   }
 }
 
-TEST(MemberTables, HaveEveryPropertyOfTheProfileInInterfaceOrder) {
-  const char* const properties[] = {"PrinterName",
-                                    "MaxLinPage",
-                                    "MaxChrLinCondensed80Columns",
-                                    "ChrFormFeed",
-                                    "ChrCondensed",
-                                    "ChrNormal",
-                                    "ChrInitExpanded",
-                                    "ChrEndExpanded",
-                                    "ChrBold",
-                                    "ChrLight",
-                                    "ChrReset",
-                                    "ChrInitUnderlying",
-                                    "ChrEndUnderlying",
-                                    "ChrFont10Points",
-                                    "ChrFont12Points",
-                                    "ChrInitItalic",
-                                    "ChrEndItalic",
-                                    "ChrHighLine1Point",
-                                    "ChrHighLine12Points",
-                                    "ChrGraphics",
-                                    "ChrInternationalChars",
-                                    "ChrInitialString1",
-                                    "ChrInitialString2",
-                                    "ChrInitialString3",
-                                    "ChrInitialString4",
-                                    "CanPrintInTextMode"};
-  const auto members = Described<clsUtilImp>::info.members;
-  ASSERT_EQ(52u + 12u, members.size());
-  for (std::size_t i = 0; i < std::size(properties); ++i) {
-    EXPECT_EQ(std::string("Get") + properties[i], members[2 * i].fullName());
-    EXPECT_EQ(std::string("Set") + properties[i], members[2 * i + 1].fullName());
+// --- The order of each interface, as clients were promised it.
+
+// "=X": GetX and SetX; "<X": GetX alone; anything else is an operation's name.
+struct PromisedOrder {
+  const ClassInfo* info;
+  std::vector<std::string> rows;
+
+  std::vector<std::string> operations() const {
+    std::vector<std::string> names;
+    for (const std::string& row : rows) {
+      const bool isPair = row.front() == '=';
+      const bool isRead = isPair || row.front() == '<';
+      names.push_back(isRead ? "Get" + row.substr(1) : row);
+      if (isPair) names.push_back("Set" + row.substr(1));
+    }
+    return names;
   }
+};
+
+void PrintTo(const PromisedOrder& order, std::ostream* out) { *out << order.info->name; }
+
+const PromisedOrder kPromisedOrders[] = {
+    {&Described<clsUtilImp>::info,
+     {"=PrinterName",
+      "=MaxLinPage",
+      "=MaxChrLinCondensed80Columns",
+      "=ChrFormFeed",
+      "=ChrCondensed",
+      "=ChrNormal",
+      "=ChrInitExpanded",
+      "=ChrEndExpanded",
+      "=ChrBold",
+      "=ChrLight",
+      "=ChrReset",
+      "=ChrInitUnderlying",
+      "=ChrEndUnderlying",
+      "=ChrFont10Points",
+      "=ChrFont12Points",
+      "=ChrInitItalic",
+      "=ChrEndItalic",
+      "=ChrHighLine1Point",
+      "=ChrHighLine12Points",
+      "=ChrGraphics",
+      "=ChrInternationalChars",
+      "=ChrInitialString1",
+      "=ChrInitialString2",
+      "=ChrInitialString3",
+      "=ChrInitialString4",
+      "=CanPrintInTextMode",
+      "sSendJobAndStartNewOne",
+      "sInitializePrinterFileHandle",
+      "sClosePrinterFileHandle",
+      "sWriteLn",
+      "sWrite",
+      "sSkipNPoints",
+      "sResetPrinter",
+      "sCancelPrintProcess",
+      "sPrintUnderscore",
+      "sPrintVerticalRule",
+      "sPrintHorizontalRule",
+      "sPrintTestPage"}},
+    {&Described<clsObSpecialVar>::info,
+     {"=ReadText",
+      "=TextToWrite",
+      "=RecordName",
+      "=FieldName",
+      "=IsFieldOfArray",
+      "=ArrayPosition",
+      "<ContentString",
+      "<ContentNumeric",
+      "<ContentDate",
+      "<ContentBool",
+      "<ContentEnum",
+      "=AlignmentWasRead",
+      "=AlignmentType",
+      "<TypeField",
+      "=Length",
+      "=DecimalPlaces",
+      "=PrintComa",
+      "=PrintZero",
+      "=NotSpacesToTheSides",
+      "=FillWithZero",
+      "=SeparatorOfCommasAndDot",
+      "=RepeatCharsUntilFill",
+      "=VariableToWriteEmpty",
+      "=VariableToApplyCondition",
+      "=PosEnd",
+      "=PosBegin",
+      "=Size",
+      "=ValueComesInAttrib",
+      "=IifPossibleValues",
+      "=FieldOfArrayHasPositionInsideTheArray",
+      "=PrintLine",
+      "=LineOfRepeatToPrint",
+      "=EndOfRepeatPrintLine",
+      "<UsingSpecialSeparationString",
+      "<SpecialSeparationString",
+      "sClrObject",
+      "sExtract",
+      "sExtractFieldAndCharacteristics",
+      "sExtractIfHasNumberArrayElement",
+      "sExtractIfHasIndexOfValueInArrayElement",
+      "sExtractIfHasFunction",
+      "sExtractIfHasDateFormat",
+      "sReadAttribute",
+      "SetContentString",
+      "SetContentNumeric",
+      "SetContentDate",
+      "SetContentEnum",
+      "SetContentBoolean",
+      "SetContentArray",
+      "sFormatSpecialVar",
+      "sAlignTextToWrite",
+      "fIsEmpty"}},
+    {&Described<clsObLineCharacts>::info,
+     {"=TextToWrite",
+      "=SpecialVar",
+      "=Alignment",
+      "=HasTab",
+      "=TabPos",
+      "=SkipLine",
+      "=SkipNPoints",
+      "=NumberOfSkips",
+      "=PrintLine",
+      "=SkipPageWasRead",
+      "=PauseWasRead",
+      "=LineToWriteEmpty",
+      "sClrRecord",
+      "sExtractSpecialVar",
+      "sExtractComment",
+      "sFormatSpecialVar",
+      "sReplaceVarInTextToWrite",
+      "fSpecialVarIsAnyControlChar",
+      "fCheckAnyPrintingControlVarInCommentary",
+      "GetField",
+      "GetTextToPrint",
+      "fNumberOfPrintedLinesThatWillFill"}},
+    {&Described<clsImplementIDTraduc>::info, {"fTranslateSpecialVar", "sDisplayPauseDialog"}},
+    {&Described<clsImplementIDMD>::info,
+     {"fTranslateSpecialVarMD", "sDisplayPauseDialog", "fReadFirstRecord", "fReadNextRecord",
+      "sAccumSubTotal", "fCanExecuteWriteReport", "fDetailRecordCount"}},
+    {&Described<clsBody>::info,
+     {"GetLinesArray", "SetLinesArray", "=NumberOfLinesWithInformation", "=MaxNumberOfLinesToPrint",
+      "=NumberOfFirstLineOfBody", "=UseNumberWithCharacterToTheLeftSide", "=CharacterToTheLeftSide",
+      "=RecordNumberToPrint", "=HasInsertBody"}},
+    {&Described<clsLibTarvoRdp>::info, {"fToStringArray", "fExtractShortText"}},
+};
+
+class MemberOrder : public testing::TestWithParam<PromisedOrder> {};
+
+TEST_P(MemberOrder, IsAsPromised) {
+  std::vector<std::string> operations;
+  for (const MemberInfo& member : GetParam().info->members) {
+    operations.push_back(member.fullName());
+  }
+  EXPECT_THAT(operations, testing::ElementsAreArray(GetParam().operations()));
 }
+
+INSTANTIATE_TEST_SUITE_P(Classes, MemberOrder, testing::ValuesIn(kPromisedOrders),
+                         [](const auto& suite) { return std::string(suite.param.info->name); });
 
 }  // namespace
 }  // namespace tarvo

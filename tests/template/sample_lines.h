@@ -9,32 +9,119 @@
 namespace tarvo::test {
 
 inline constexpr TextView kSampleLines[] = {
-    u"", u" ", u"text", u"texto con á y \r\n", u"text }",
+    u"",
+    u" ",
+    u"text",
+    u"texto con á y \r\n",
+    u"text }",
     // Variables and their places.
-    u"{A}", u"x{A}y", u"{A}{B}", u"{A}{B}{C}", u"{A} {A}", u"1{A}2{B,9}3{C,3,QR}4", u"{a.b}",
-    u"{R.A} {R.B} {R.A}", u"{A}{BB}{A}", u"{}", u"{}{}", u"{ }", u"{,5}", u"{.F}", u"{F,,5}",
-    u"{R.F.G}", u"{A,5}{A,5}",
+    u"{A}",
+    u"x{A}y",
+    u"{A}{B}",
+    u"{A}{B}{C}",
+    u"{A} {A}",
+    u"1{A}2{B,9}3{C,3,QR}4",
+    u"{a.b}",
+    u"{R.A} {R.B} {R.A}",
+    u"{A}{BB}{A}",
+    u"{}",
+    u"{}{}",
+    u"{ }",
+    u"{,5}",
+    u"{.F}",
+    u"{F,,5}",
+    u"{R.F.G}",
+    u"{A,5}{A,5}",
     // Attributes.
-    u"{F,XYZ}", u"x{F,XYZ}{G,ABC}y{H}", u"xyz{F,256}", u"{A}{F,5,256}z", u"{A[1]}", u"{A[1][2]}",
-    u"xx{A[x]}", u"{A[300]}", u"x{R[2].A}", u"{F,5,NB}|", u"{F,CONCEROS,9}", u"{F,NC,9}",
-    u"{F,SC,9}{F,SC,9,0}", u"{F,CP,12}", u"{F,DERECHA,9}{F,CENTRO,9}{F,IZQUIERDA,9}",
-    u"{F,QJ,12}", u"{F,QJ,3}{G,QJ,255}", u"{F,FILL,9}", u"{F,PATRONSEPARADOR=2C-B}",
-    u"{F,PATRONSEPARADOR=2C3B-B,5}", u"x{F,PATRONSEPARADOR=XXB}", u"{F,DF(dd/mm/yy)}",
-    u"{F,DF(dd \\{mm\\})}", u"{F,IIF(\"S\",a,b),8}", u"{F,IIF(\"S\",a,b),8}{F}{G,IIF(\"N\",c)}",
-    u"{F,IIF(\"S\")}", u"{F,IIF(\"S\",,)}", u"{F,QLR,IIF(\"S\",[1]a,[2,1]b)}",
-    u"ab{F,IIF(\"S\",[1]a,b)}", u"{F,VACIO}x{G}", u"{F}x{G,CONDICION}y{H}",
+    u"{F,XYZ}",
+    u"x{F,XYZ}{G,ABC}y{H}",
+    u"xyz{F,256}",
+    u"{A}{F,5,256}z",
+    u"{A[1]}",
+    u"{A[1][2]}",
+    u"xx{A[x]}",
+    u"{A[300]}",
+    u"x{R[2].A}",
+    u"{F,5,NB}|",
+    u"{F,CONCEROS,9}",
+    u"{F,NC,9}",
+    u"{F,SC,9}{F,SC,9,0}",
+    u"{F,CP,12}",
+    u"{F,DERECHA,9}{F,CENTRO,9}{F,IZQUIERDA,9}",
+    u"{F,QJ,12}",
+    u"{F,QJ,3}{G,QJ,255}",
+    u"{F,FILL,9}",
+    u"{F,PATRONSEPARADOR=2C-B}",
+    u"{F,PATRONSEPARADOR=2C3B-B,5}",
+    u"x{F,PATRONSEPARADOR=XXB}",
+    u"{F,DF(dd/mm/yy)}",
+    u"{F,DF(dd \\{mm\\})}",
+    u"{F,IIF(\"S\",a,b),8}",
+    u"{F,IIF(\"S\",a,b),8}{F}{G,IIF(\"N\",c)}",
+    u"{F,IIF(\"S\")}",
+    u"{F,IIF(\"S\",,)}",
+    u"{F,QLR,IIF(\"S\",[1]a,[2,1]b)}",
+    u"ab{F,IIF(\"S\",[1]a,b)}",
+    u"{F,VACIO}x{G}",
+    u"{F}x{G,CONDICION}y{H}",
     // Control words and constants.
-    u"{NEGRA}", u"{ negra }", u"{NEGRA}{A}{BLANCA}{A}{COMP}", u"{R.NEGRA}", u"{NEGRA[1]}",
-    u"{NEGRA [1]}", u"{NEGRA ,5}", u"{SNL,3}", u"{SNP,3}{A}", u"{A}{SNP,9,QR}", u"{NB,4}|{NB}|",
-    u"{REPEAT}{A}", u"{REPEAT}{REPEAT}", u"{TAB}", u"{A}{SALTAPAGINA}", u"{NEGRAS}", u"{SNL,XYZ}",
-    u"{@const}", u"{@const,10,QR}{A}", u"{@}", u"{@ x }", u"{ @x,QR,4}", u"{@NEGRA}",
-    u"{@Aa.Bb,izquierda,9}", u"{@a[1]}", u"{@,5}", u"{@x,XYZ}", u"{@@}",
+    u"{NEGRA}",
+    u"{ negra }",
+    u"{NEGRA}{A}{BLANCA}{A}{COMP}",
+    u"{R.NEGRA}",
+    u"{NEGRA[1]}",
+    u"{NEGRA [1]}",
+    u"{NEGRA ,5}",
+    u"{SNL,3}",
+    u"{SNP,3}{A}",
+    u"{A}{SNP,9,QR}",
+    u"{NB,4}|{NB}|",
+    u"{REPEAT}{A}",
+    u"{REPEAT}{REPEAT}",
+    u"{TAB}",
+    u"{A}{SALTAPAGINA}",
+    u"{NEGRAS}",
+    u"{SNL,XYZ}",
+    u"{@const}",
+    u"{@const,10,QR}{A}",
+    u"{@}",
+    u"{@ x }",
+    u"{ @x,QR,4}",
+    u"{@NEGRA}",
+    u"{@Aa.Bb,izquierda,9}",
+    u"{@a[1]}",
+    u"{@,5}",
+    u"{@x,XYZ}",
+    u"{@@}",
     // Comments, and what is none.
-    u"...", u"...{A}", u"  ... PAUSA  ", u"...pausa", u"...NOTA {", u"..{A}", u". ..{A}", u"..",
-    u" ...}{", u"... {A} PAUSA", u"\t...{A}",
+    u"...",
+    u"...{A}",
+    u"  ... PAUSA  ",
+    u"...pausa",
+    u"...NOTA {",
+    u"..{A}",
+    u". ..{A}",
+    u"..",
+    u" ...}{",
+    u"... {A} PAUSA",
+    u"\t...{A}",
     // Braces that do not come in pairs.
-    u"{", u"}", u"}{", u"{a{b}", u"{a}}", u"}{a}", u"{a}{", u"x{a}y}z{b}", u"{{a}}", u"{A}{B",
-    u"{A}}{B}", u"{@{A}}", u"{A}{@{B}", u"{NEGRA}{", u"{{", u"}}",
+    u"{",
+    u"}",
+    u"}{",
+    u"{a{b}",
+    u"{a}}",
+    u"}{a}",
+    u"{a}{",
+    u"x{a}y}z{b}",
+    u"{{a}}",
+    u"{A}{B",
+    u"{A}}{B}",
+    u"{@{A}}",
+    u"{A}{@{B}",
+    u"{NEGRA}{",
+    u"{{",
+    u"}}",
 };
 
 // Lines whose length is what matters.
@@ -97,9 +184,8 @@ SourceAction doing(int nth, Action action) {
 // The same to the variable alone.
 template <class Action>
 SourceAction changing(Action action) {
-  return doing(0, [action](Ref<clsObLineCharacts>& line, TranslationWorld&) {
-    action(variableOf(line));
-  });
+  return doing(
+      0, [action](Ref<clsObLineCharacts>& line, TranslationWorld&) { action(variableOf(line)); });
 }
 
 // Values of every kind.
@@ -166,14 +252,13 @@ inline std::vector<SampleSource> lookingSources() {
       {"looks at the text", look(0)},
       {"looks at the first text", look(1)},
       {"looks at the second text", look(2)},
-      {"looks at what is printed", doing(0,
-                                         [](auto& line, TranslationWorld& world) {
-                                           world.seen.add(inQuotes(line->GetTextToPrint()));
-                                         })},
+      {"looks at what is printed",
+       doing(0, [](auto& line,
+                   TranslationWorld& world) { world.seen.add(inQuotes(line->GetTextToPrint())); })},
       {"counts lines", doing(0,
                              [](auto& line, TranslationWorld& world) {
-                               world.seen.add(std::to_string(
-                                   line->fNumberOfPrintedLinesThatWillFill()));
+                               world.seen.add(
+                                   std::to_string(line->fNumberOfPrintedLinesThatWillFill()));
                              })},
       {"suppresses the line", doing(1, [](auto& line, auto&) { line->SetPrintLine(false); })},
       {"suppresses by the variable", changing([](clsObSpecialVar& v) { v.SetPrintLine(false); })},
@@ -182,9 +267,8 @@ inline std::vector<SampleSource> lookingSources() {
          v.SetContentString(u"");
        })},
       {"writes it empty", changing([](clsObSpecialVar& v) { v.SetVariableToWriteEmpty(true); })},
-      {"writes the line empty", doing(0, [](auto& line, auto&) {
-         line->SetLineToWriteEmpty(true);
-       })},
+      {"writes the line empty",
+       doing(0, [](auto& line, auto&) { line->SetLineToWriteEmpty(true); })},
       {"renames it", changing([](clsObSpecialVar& v) {
          v.SetFieldName(u"NEGRA");
          v.SetRecordName(u"@");
@@ -242,18 +326,15 @@ inline std::vector<SampleSource> meddlingSources() {
       {"makes it smaller", grow(-1)},
       {"makes it huge", size(32'767)},
       {"makes it negative", size(-5)},
-      {"reads it again",
-       doing(0,
-             [](auto& line, auto&) {
-               line->sExtractSpecialVar(line->GetTextToWrite());
-               variableOf(line).SetContentString(u"again");
-             })},
-      {"reads another text", doing(1, [](auto& line, auto&) {
-         line->sExtractSpecialVar(u"zz{Q,4}");
-       })},
-      {"reads a text of the same form", doing(1, [](auto& line, auto&) {
-         line->sExtractSpecialVar(u"{Q}");
-       })},
+      {"reads it again", doing(0,
+                               [](auto& line, auto&) {
+                                 line->sExtractSpecialVar(line->GetTextToWrite());
+                                 variableOf(line).SetContentString(u"again");
+                               })},
+      {"reads another text",
+       doing(1, [](auto& line, auto&) { line->sExtractSpecialVar(u"zz{Q,4}"); })},
+      {"reads a text of the same form",
+       doing(1, [](auto& line, auto&) { line->sExtractSpecialVar(u"{Q}"); })},
       {"resolves it itself", doing(1,
                                    [](auto& line, auto&) {
                                      line->sFormatSpecialVar();
@@ -290,10 +371,8 @@ inline std::vector<SampleSource> exchangingSources() {
     });
   };
   return {
-      {"another variable", doing(1,
-                                 [](auto& line, auto&) {
-                                   line->SetSpecialVar(make<clsObSpecialVar>());
-                                 })},
+      {"another variable",
+       doing(1, [](auto& line, auto&) { line->SetSpecialVar(make<clsObSpecialVar>()); })},
       {"another variable in the same place", doing(0,
                                                    [](auto& line, auto&) {
                                                      const Text text = line->GetTextToWrite();
@@ -325,17 +404,15 @@ inline std::vector<SampleSource> exchangingSources() {
       {"translates an irregular line elsewhere", innerElsewhere(u"{A}}")},
       {"translates this line again", doing(1, inner(u"x{Z}y"))},
       {"translates this line to the same again", doing(1, inner(u"{A}{B}"))},
-      {"changes the printer's codes", doing(1,
-                                            [](auto&, TranslationWorld& world) {
-                                              world.printer->SetChrLight(u"{Z,2}");
-                                            })},
+      {"changes the printer's codes",
+       doing(1, [](auto&, TranslationWorld& world) { world.printer->SetChrLight(u"{Z,2}"); })},
   };
 }
 
 inline std::vector<SampleSource> allSources() {
   std::vector<SampleSource> all;
-  for (const auto& some : {valueSources(), braceSources(), lookingSources(), meddlingSources(),
-                           exchangingSources()}) {
+  for (const auto& some :
+       {valueSources(), braceSources(), lookingSources(), meddlingSources(), exchangingSources()}) {
     all.insert(all.end(), some.begin(), some.end());
   }
   return all;

@@ -85,13 +85,15 @@ constexpr LineCase kTypicalLines[] = {
     {"numbers in every dress",
      u"{NUMERO,20,4}{NUMERO,20,CP}{NUMERO,20,SC}{NUMERO,20,0,SC}{NEGATIVO,20,C0}{NEGATIVO,20,QL}"
      u"{NUMERO,20,QC}{NUMERO,3}{NUMERO}{NUMERO,20,NB}"},
-    {"texts", u"{NOMBRE}{NOMBRE,20}{NOMBRE,80}{NOMBRE,80,QR}{NOMBRE,80,QC}{VACIO,20}{NOMBRE,80,NB}"},
+    {"texts",
+     u"{NOMBRE}{NOMBRE,20}{NOMBRE,80}{NOMBRE,80,QR}{NOMBRE,80,QC}{VACIO,20}{NOMBRE,80,NB}"},
     {"a rule", u"{LETRA,80,FILL}"},
     {"dates", u"{FECHA}{FECHA,20}{FECHA,20,QR}{FECHA,DF(dd/mm/yyyy),20}{FECHA,DF(d/m/yy)}"},
     {"enumerations", u"{TIPO,IIF(\"C\",Contado,Credito),8}{TIPO,IIF(\"R\",Credito,Contado)}"},
     {"with a long value", u"{TIPO,IIF(\"C\",\"Contado a treinta dias\",Credito),30,QR}"},
     {"booleans", u"{ACTIVO}{ACTIVO,5}{ACTIVO,IIF(\"S\",Activo,Inactivo),12}"},
-    {"control words", u"{NEGRA}{BLANCA}{COMP}{NORM}{NB,40}{SNL,3}{TAB}{SALTAPAGINA}{REPEAT}{SNP,9}"},
+    {"control words",
+     u"{NEGRA}{BLANCA}{COMP}{NORM}{NB,40}{SNL,3}{TAB}{SALTAPAGINA}{REPEAT}{SNP,9}"},
     {"constants", u"{@a constant that is longer than a small text,60,QR}{@b}"},
     {"conditions", u"{VACIO,VACIO}text{NOMBRE,CONDICION}"},
     {"what nobody knows", u"{DESCONOCIDO,40}"},
@@ -139,7 +141,17 @@ TEST_F(TemplateAllocations, NoneWhereverTheLineStandsInMemory) {
   EXPECT_EQ(allocations(), before);
 }
 
-TEST_F(TemplateAllocations, ShowWhatATranslationWithoutMemoryOfItTakes) {
+// What was read with the services of before is forgotten, and kept again with the new ones.
+TEST_F(TemplateAllocations, NoneOnceTheServicesWereReplaced) {
+  for (int i = 0; i < 3; ++i) {
+    for (const LineCase& row : kTypicalLines) translate(row.line);
+    LibTarvoCI::CoreServices others;
+    others.handTo(*make<clsInitLibTarvoRpd>(), printer);
+    for (const LineCase& row : kTypicalLines) EXPECT_EQ(ofLines(row.line), 0u) << row.shows;
+  }
+}
+
+TEST_F(TemplateAllocations, SomeForALineThatIsNew) {
   const std::size_t before = allocations();
   translate(u"{F.NUMERO,20} {C.NOMBRE,30}");
   EXPECT_GT(allocations(), before);

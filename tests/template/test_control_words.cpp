@@ -59,10 +59,10 @@ class ControlWords : public TemplateTest {
 struct WordCase {
   std::vector<TextView> words;
   const char* content;
-  const char* onClearedLine;    // with a variable whose length is 5
-  const char* onTurnedLine;     // everything the other way round before
-  const char* variable;         // what it changes in the variable
-  const char* calls = "";       // after the blanks around the word
+  const char* onClearedLine;  // with a variable whose length is 5
+  const char* onTurnedLine;   // everything the other way round before
+  const char* variable;       // what it changes in the variable
+  const char* calls = "";     // after the blanks around the word
 };
 
 constexpr const char* kNothing = "\"\"";
@@ -108,8 +108,12 @@ Text inSmallLetters(TextView word) {
 std::vector<Text> waysToWrite(TextView word) {
   Text mixed = inSmallLetters(word);
   mixed[0] = word[0];
-  return {Text(word), inSmallLetters(word), mixed, u" " + Text(word) + u"   ",
-          u"  " + inSmallLetters(word), Text(word) + u" "};
+  return {Text(word),
+          inSmallLetters(word),
+          mixed,
+          u" " + Text(word) + u"   ",
+          u"  " + inSmallLetters(word),
+          Text(word) + u" "};
 }
 
 TEST_F(ControlWords, SetWhatTheyAskFor) {
@@ -120,8 +124,7 @@ TEST_F(ControlWords, SetWhatTheyAskFor) {
         read(u"{X,5,0}");
         EXPECT_EQ(answerTo(written), row.content);
         EXPECT_EQ(dumpOf(*line), row.onClearedLine);
-        EXPECT_EQ(dumpOf(*line->GetSpecialVar()),
-                  std::string("field='X' length=5") + row.variable);
+        EXPECT_EQ(dumpOf(*line->GetSpecialVar()), std::string("field='X' length=5") + row.variable);
         EXPECT_EQ(callsMade(), "fTrim " + inQuotes(written) + row.calls);
       }
     }

@@ -380,6 +380,11 @@ void giveDate(clsObLineCharacts& line) {
   read(line);
   line.GetSpecialVar()->SetContentDate(kDate);
 }
+void giveNoDate(clsObLineCharacts& line) {
+  read(line);
+  line.GetSpecialVar()->SetContentDate(Date{1e9});
+  modRDPGlobalValues::ofThisThread().refInsUtilDate = make<LibTarvoCI::clsUtilDate>();
+}
 void giveDateWithoutService(clsObLineCharacts& line) {
   giveDate(line);
   modRDPGlobalValues::ofThisThread().refInsUtilDate = {};
@@ -426,6 +431,8 @@ constexpr ErrorCase kErrors[] = {
     {"putting the value in", read, replace, kTexto, 2, kRaised, "fault",
      "sReplaceVarInTextToWrite"},
     {"whether it is empty", giveDate, replace, kDates, 1, kRaised, "fault",
+     "fIsEmpty sReplaceVarInTextToWrite"},
+    {"a date that is none", giveNoDate, replace, kNone, 0, kOverflow, kTheirs,
      "fIsEmpty sReplaceVarInTextToWrite"},
     {"who knows dates is missing", giveDateWithoutService, replace, kNone, 0, kObjectNotSet, kUs,
      "fIsEmpty sReplaceVarInTextToWrite"},

@@ -17,7 +17,7 @@
 #include "services/clsConvert.h"
 #include "services/clsUtilDate.h"
 #include "services/clsUtilMathOperations.h"
-#include "template/asked_texto.h"
+#include "template/asked_services.h"
 #include "template/line_dump.h"
 #include "template/line_translator.h"
 
@@ -34,14 +34,13 @@ inline std::string wholeDumpOf(const clsObSpecialVar& v) {
       << show(v.GetLength()) << " decimals " << show(v.GetDecimalPlaces()) << " flags "
       << v.GetPrintComa() << v.GetPrintZero() << v.GetNotSpacesToTheSides() << v.GetFillWithZero()
       << v.GetSeparatorOfCommasAndDot() << v.GetRepeatCharsUntilFill()
-      << v.GetVariableToWriteEmpty() << v.GetVariableToApplyCondition()
-      << v.GetValueComesInAttrib() << v.GetPrintLine() << v.GetLineOfRepeatToPrint()
-      << v.GetEndOfRepeatPrintLine() << v.GetUsingSpecialSeparationString() << " pattern "
+      << v.GetVariableToWriteEmpty() << v.GetVariableToApplyCondition() << v.GetValueComesInAttrib()
+      << v.GetPrintLine() << v.GetLineOfRepeatToPrint() << v.GetEndOfRepeatPrintLine()
+      << v.GetUsingSpecialSeparationString() << " pattern "
       << inQuotes(v.GetSpecialSeparationString()) << " values " << show(v.GetIifPossibleValues())
       << " kind " << v.GetTypeField() << " content " << inQuotes(v.GetContentString()) << "/"
-      << show(v.GetContentNumeric()) << "/" << show(v.GetContentDate()) << "/"
-      << v.GetContentBool() << "/" << inQuotes(v.GetContentEnum()) << " writes "
-      << inQuotes(v.GetTextToWrite());
+      << show(v.GetContentNumeric()) << "/" << show(v.GetContentDate()) << "/" << v.GetContentBool()
+      << "/" << inQuotes(v.GetContentEnum()) << " writes " << inQuotes(v.GetTextToWrite());
   return all.str();
 }
 
@@ -116,14 +115,17 @@ class TranslationWorld {
     printer->SetChrCondensed(u"[condensed]");
     printer->SetChrNormal(u"[normal]");
     useServices();
+    prepareLines();
   }
 
-  // From the next translation on.
+  // From the next translation on.  A date service that may be bypassed goes with the text service.
   void use(TextService service) {
     if (service == kAsked) {
       texto = askedTexto;
+      dates = recordingDate;
     } else {
       texto = make<LibTarvoCI::clsTexto>();
+      dates = make<LibTarvoCI::clsUtilDate>();
     }
   }
 
@@ -132,6 +134,7 @@ class TranslationWorld {
     useServices();
     prepareLines();
     seen.clear();
+    error->reports.clear();
     otherCalls.clear();
     RecordingSource source(*this, seen, action);
     const std::optional<RunTimeError> raised =
@@ -156,7 +159,7 @@ class TranslationWorld {
     services.refInsImp = printer;
   }
 
-  CallLog seen;  // what the source, the operator and the error service are told
+  CallLog seen;        // what the source, the operator and the error service are told
   CallLog otherCalls;  // of the conversion, the date and the math service
   Ref<RecordingError> error = make<RecordingError>(seen);
   Ref<RecordingMessage> message = make<RecordingMessage>(seen);
@@ -164,7 +167,9 @@ class TranslationWorld {
   Ref<clsTexto> texto;
   Ref<RecordingConvert> convert =
       make<RecordingConvert>(otherCalls, make<LibTarvoCI::clsConvert>());
-  Ref<RecordingDate> dates = make<RecordingDate>(otherCalls, make<LibTarvoCI::clsUtilDate>());
+  Ref<RecordingDate> recordingDate =
+      make<RecordingDate>(otherCalls, make<LibTarvoCI::clsUtilDate>());
+  Ref<clsUtilDate> dates;
   Ref<RecordingMath> math =
       make<RecordingMath>(otherCalls, make<LibTarvoCI::clsUtilMathOperations>());
   Ref<clsUtilImp> printer = make<clsUtilImp>();

@@ -1,8 +1,9 @@
-// Calls of the probe class as a late-bound client makes them.
+// Calls of the tests' own classes as a late-bound client makes them.
 #pragma once
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <vector>
 
 #include "frame/com/automation.h"
@@ -21,16 +22,21 @@ VARIANT holding(VARTYPE type, Content content) {
 }
 inline VARIANT referenceTo(VARIANT& other) { return holding(VT_BYREF | VT_VARIANT, &other); }
 
-class ProbeClient : public testing::Test {
+// The interface under which a library object is known outside.
+template <class I, class T>
+ComPtr<I> faceOfObject(const Ref<T>& object, const IID& id) {
+  ComPtr<I> result;
+  Face* face = faceOf(*findClass(Described<T>::info), *object);
+  faceQueryInterface(face, id, result.outVoid());
+  faceRelease(face);
+  return result;
+}
+
+template <class Probe>
+class ClientOf : public testing::Test {
  protected:
-  ComPtr<IDispatch> probe_ = [] {
-    const Ref<Object> object = make<clsProbe>();
-    ComPtr<IDispatch> result;
-    Face* face = faceOf(*findClass(Described<clsProbe>::info), *object);
-    faceQueryInterface(face, IID_IDispatch, result.outVoid());
-    faceRelease(face);
-    return result;
-  }();
+  Ref<Probe> object_ = make<Probe>();
+  ComPtr<IDispatch> probe_ = faceOfObject<IDispatch>(object_, IID_IDispatch);
 
   // `arguments` in their order; the caller's own, so that what comes back is seen.
   HRESULT call(const wchar_t* name, std::vector<VARIANT> arguments, VARIANT* result = nullptr) {
@@ -43,12 +49,17 @@ class ProbeClient : public testing::Test {
     const HRESULT status = probe_->Invoke(id, IID_NULL, LOCALE_INVARIANT, DISPATCH_METHOD,
                                           &parameters, result, &exception, nullptr);
     description_ = Text(viewOf(exception.bstrDescription));
+    source_ = Text(viewOf(exception.bstrSource));
     SysFreeString(exception.bstrDescription);
     SysFreeString(exception.bstrSource);
     return status == DISP_E_EXCEPTION ? exception.scode : status;
   }
 
+  // Of the last call's error.
   Text description_;
+  Text source_;
 };
+
+using ProbeClient = ClientOf<clsProbe>;
 
 }  // namespace tarvo::com

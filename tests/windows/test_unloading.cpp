@@ -5,24 +5,10 @@
 
 #include <vector>
 
+#include "heap.h"
+
 namespace tarvo::client {
 namespace {
-
-// What the process has allocated from all its heaps, byte by byte.
-std::size_t allocatedBytes() {
-  HANDLE heaps[64];
-  const DWORD count = GetProcessHeaps(64, heaps);
-  std::size_t bytes = 0;
-  for (DWORD i = 0; i < count && i < 64; ++i) {
-    PROCESS_HEAP_ENTRY entry{};
-    HeapLock(heaps[i]);
-    while (HeapWalk(heaps[i], &entry)) {
-      if ((entry.wFlags & PROCESS_HEAP_ENTRY_BUSY) != 0) bytes += entry.cbData;
-    }
-    HeapUnlock(heaps[i]);
-  }
-  return bytes;
-}
 
 constexpr int kRounds = 10'000;
 // Far less than a byte for each round; what the system itself keeps comes and goes in pieces.

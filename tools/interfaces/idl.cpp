@@ -37,8 +37,7 @@ std::string spell(const TypeInfo& type, EnumSpelling enums) {
     case TypeKind::kObject:
       return (type.objectClass == nullptr ? "IDispatch" : type.objectClass->interfaceName()) + "*";
     case TypeKind::kEnum:
-      return enums == EnumSpelling::kByName ? std::string("enum ") + type.enumeration->name
-                                            : std::string("long");
+      return enums == EnumSpelling::kByName ? type.enumeration->name : std::string("long");
   }
   return {};
 }

@@ -24,13 +24,19 @@ Ref<clsVersionRegistry> makeVersionRegistry() {
   return Ref<clsVersionRegistry>(static_cast<clsVersionRegistry*>(proxy.get()));
 }
 
+// What the library takes from outside: services, and the clients' own objects.
+Ref<Object> makeProxyOf(IUnknown* object, const ClassInfo& contract) {
+  Ref<Object> proxy = makeServiceProxy(object, contract);
+  return proxy ? proxy : makeCallbackProxy(object, contract);
+}
+
 }  // namespace
 
 const ServerDescription& serverDescription() {
   static const auto classes = comClasses(PublicClasses{});
   static const ServerDescription description = [] {
     setVersionRegistryMaker(&makeVersionRegistry);
-    return ServerDescription{&kPrintLibrary, classes, &makeServiceProxy, &anyThreadHoldsServices};
+    return ServerDescription{&kPrintLibrary, classes, &makeProxyOf, &anyThreadHoldsServices};
   }();
   return description;
 }

@@ -59,4 +59,11 @@ void ContractAccess::callByName(std::size_t place, std::span<VARIANT> arguments,
   named_->invoke(id, flags, arguments, result);
 }
 
+Ref<Object> makeProxy(std::span<const ProxyRow> rows, IUnknown* object, const ClassInfo& contract) {
+  const auto row = std::find_if(rows.begin(), rows.end(), [&contract](const ProxyRow& candidate) {
+    return candidate.contract == &contract;
+  });
+  return row != rows.end() ? row->make(object) : Ref<Object>();
+}
+
 }  // namespace tarvo::com

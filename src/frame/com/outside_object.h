@@ -136,6 +136,88 @@ class Outgoing {
   Parameter value_;  // a reference for by-reference parameters
 };
 
+// A call of a foreign object's operation; all operations of one shape share it.
+template <class Result, class Parameters>
+struct OutgoingCall;
+template <class Result, class... P>
+struct OutgoingCall<Result, std::tuple<P...>> {
+  // `rest`: nothing, or the text or list that the result goes into.
+  template <class... Rest>
+  static auto make(ContractAccess& access, std::size_t place, std::type_identity_t<P>... arguments,
+                   Rest&... rest) {
+    std::tuple<Outgoing<P>...> out{arguments...};
+    if constexpr (std::is_void_v<Result>) {
+      run(access, place, nullptr, out);
+    } else {
+      Variant result;
+      run(access, place, &result, out);
+      if constexpr (sizeof...(Rest) == 1) {
+        (storeVariant(result, rest), ...);
+      } else {
+        Result value{};
+        storeVariant(result, value);
+        return value;
+      }
+    }
+  }
+
+ private:
+  static void run(ContractAccess& access, std::size_t place, VARIANT* result,
+                  std::tuple<Outgoing<P>...>& out) {
+    try {
+      std::apply(
+          [&](Outgoing<P>&... each) {
+            if (access.contractInterface() != nullptr) {
+              throughInterface(access.contractInterface(), place, result, each...);
+            } else {
+              std::array<VARIANT, sizeof...(P)> arguments{each.variant()...};
+              access.callByName(place, arguments, result);
+            }
+          },
+          out);
+    } catch (const RunTimeError&) {
+      takeBackIgnoringErrors(out);
+      throw;
+    }
+    takeBack(out);
+  }
+
+  // The entries of every dual interface look alike, ours and a foreign one's.
+  static void throughInterface(IUnknown* object, std::size_t place, VARIANT* result,
+                               Outgoing<P>&... out) {
+    const void* entry =
+        (*reinterpret_cast<const void* const* const*>(object))[kDispatchFunctionCount + place];
+    SetErrorInfo(0, nullptr);
+    HRESULT status = S_OK;
+    if constexpr (std::is_void_v<Result>) {
+      using Function = HRESULT(STDMETHODCALLTYPE*)(IUnknown*, typename Outgoing<P>::Abi...);
+      status = reinterpret_cast<Function>(const_cast<void*>(entry))(object, out.abi()...);
+    } else {
+      using ResultAutomation = Automation<PlainOf<Result>>;
+      using Function = HRESULT(STDMETHODCALLTYPE*)(IUnknown*, typename Outgoing<P>::Abi...,
+                                                   typename ResultAutomation::Abi*);
+      if constexpr (ResultAutomation::kVarType != VT_VARIANT) {
+        V_VT(result) = ResultAutomation::kVarType;
+      }
+      status = reinterpret_cast<Function>(const_cast<void*>(entry))(object, out.abi()...,
+                                                                    &ResultAutomation::in(*result));
+    }
+    if (FAILED(status)) raiseForeignError(status, nullptr);
+  }
+
+  static void takeBack(std::tuple<Outgoing<P>...>& out) {
+    std::apply([](Outgoing<P>&... each) { (each.takeBack(), ...); }, out);
+  }
+
+  // What a failing operation had changed until then stays changed.
+  static void takeBackIgnoringErrors(std::tuple<Outgoing<P>...>& out) {
+    try {
+      takeBack(out);
+    } catch (const RunTimeError&) {  // the operation's own error says more
+    }
+  }
+};
+
 // A proxy calls its own contract's operation: `return call<&clsTexto::fPosition>(a, b, c);`
 template <class Contract>
 class ContractProxy : public Contract, public OutsideObject {
@@ -148,97 +230,34 @@ class ContractProxy : public Contract, public OutsideObject {
     constexpr std::size_t place = kRowIndex<Contract, Function>;
     static_assert(place < kMemberCount<Contract>, "the contract's table lacks this operation");
     using Entry = detail::EntryAt<Contract, place>;
-    return Caller<Entry, typename detail::CallerParameters<typename Entry::Row>::Type>::call(
-        *this, place, arguments...);
+    using Parameters = typename detail::CallerParameters<typename Entry::Row>::Type;
+    return OutgoingCall<typename Entry::ReturnedOrPut, Parameters>::make(access_, place,
+                                                                         arguments...);
   }
 
  private:
-  template <class Entry, class Parameters>
-  struct Caller;
-  template <class Entry, class... P>
-  struct Caller<Entry, std::tuple<P...>> {
-    using Result = typename Entry::ReturnedOrPut;
-
-    // `rest`: nothing, or the text that the result goes into.
-    template <class... Rest>
-    static auto call(ContractProxy& proxy, std::size_t place, std::type_identity_t<P>... arguments,
-                     Rest&... rest) {
-      std::tuple<Outgoing<P>...> out{arguments...};
-      return std::apply(
-          [&](Outgoing<P>&... each) {
-            if constexpr (std::is_void_v<Result>) {
-              proxy.template run<Entry>(place, static_cast<VARIANT*>(nullptr), each...);
-              (each.takeBack(), ...);
-            } else {
-              Variant result;
-              proxy.template run<Entry>(place, &result, each...);
-              (each.takeBack(), ...);
-              if constexpr (sizeof...(Rest) == 1) {
-                (storeVariant(result, rest), ...);
-              } else {
-                Result value{};
-                storeVariant(result, value);
-                return value;
-              }
-            }
-          },
-          out);
-    }
-  };
-
-  template <class Entry, class... Out>
-  void run(std::size_t place, VARIANT* result, Out&... out) {
-    if (access_.contractInterface() != nullptr) {
-      runThroughInterface<Entry>(place, result, out...);
-    } else {
-      std::array<VARIANT, sizeof...(Out)> arguments{out.variant()...};
-      try {
-        access_.callByName(place, arguments, result);
-      } catch (const RunTimeError&) {
-        takeBackIgnoringErrors(out...);
-        throw;
-      }
-    }
-  }
-
-  template <class Entry, class... Out>
-  void runThroughInterface(std::size_t place, VARIANT* result, Out&... out) {
-    // The entries of every dual interface look alike, ours and a foreign one's.
-    auto* self = reinterpret_cast<Face*>(access_.contractInterface());
-    const void* entry =
-        (*reinterpret_cast<const void* const* const*>(self))[kDispatchFunctionCount + place];
-    const auto function = reinterpret_cast<typename Entry::Function>(const_cast<void*>(entry));
-    using Result = typename Entry::ReturnedOrPut;
-    SetErrorInfo(0, nullptr);
-    HRESULT status = S_OK;
-    if constexpr (std::is_void_v<Result>) {
-      status = function(self, out.abi()...);
-    } else {
-      if constexpr (Automation<Result>::kVarType != VT_VARIANT) {
-        V_VT(result) = Automation<Result>::kVarType;
-      }
-      status = function(self, out.abi()..., &Automation<Result>::in(*result));
-    }
-    if (FAILED(status)) {
-      takeBackIgnoringErrors(out...);
-      raiseForeignError(status, nullptr);
-    }
-  }
-
-  // What a failing operation had changed until then stays changed.
-  template <class... Out>
-  static void takeBackIgnoringErrors(Out&... out) {
-    try {
-      (out.takeBack(), ...);
-    } catch (const RunTimeError&) {  // the operation's own error says more
-    }
-  }
-
   ContractAccess access_;
 };
 
-// The proxy of one of the core services' contracts (service_proxies.cpp); empty for another class.
+// How the proxy of a contract is made.
+struct ProxyRow {
+  const ClassInfo* contract;
+  Ref<Object> (*make)(IUnknown* object);
+};
+
+template <class Contract, class Proxy>
+constexpr ProxyRow proxyRow() {
+  return {&Described<Contract>::info,
+          [](IUnknown* object) -> Ref<Object> { return make<Proxy>(object); }};
+}
+
+// Empty for a contract that is not among the rows.
+Ref<Object> makeProxy(std::span<const ProxyRow> rows, IUnknown* object, const ClassInfo& contract);
+
+// The proxy of one of the core services' contracts (service_proxies.cpp), and of one of the
+// contracts that clients of the reports implement (callback_proxies.cpp); empty for another class.
 Ref<Object> makeServiceProxy(IUnknown* object, const ClassInfo& contract);
+Ref<Object> makeCallbackProxy(IUnknown* object, const ClassInfo& contract);
 
 // A foreign object of which only the names of its members are known.
 // Raises: 13 when it has no dispatch interface.

@@ -3,6 +3,13 @@
 #include <cxxabi.h>
 #include <windows.h>
 
+#include <cstdlib>
+#include <exception>
+
+// In place of the run-time library's own, which names the exception that nobody caught on a
+// standard error stream that nobody reads, and brings a tenth of the server's size for it.
+void __gnu_cxx::__verbose_terminate_handler() { std::abort(); }
+
 namespace tarvo::com {
 namespace {
 

@@ -13,7 +13,7 @@ struct ServerDescription {
   const LibraryInfo* library;
   std::span<const ComClass> classes;
   // Makes the proxy of a contract, empty for a class that is none; null when the server takes no
-  // objects from outside (service_proxies.cpp has the one for the core services).
+  // objects from outside (service_proxies.cpp, callback_proxies.cpp).
   Ref<Object> (*makeProxy)(IUnknown* object, const ClassInfo& contract) = nullptr;
   // Asked when no object and no lock is left: whether something else needs the DLL in place.
   // Default: none.

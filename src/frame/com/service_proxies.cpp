@@ -227,38 +227,25 @@ class clsErrorCodesIGProxy final : public ContractProxy<clsErrorCodesIG> {
   explicit clsErrorCodesIGProxy(IUnknown* object) : ContractProxy(object) {}
 };
 
-template <class Proxy>
-Ref<Object> makeOne(IUnknown* object) {
-  return make<Proxy>(object);
-}
-
-struct ProxyRow {
-  const ClassInfo* contract;
-  Ref<Object> (*make)(IUnknown*);
-};
-
 constexpr ProxyRow kProxies[] = {
-    {&Described<clsError>::info, &makeOne<clsErrorProxy>},
-    {&Described<clsMessage>::info, &makeOne<clsMessageProxy>},
-    {&Described<clsTexto>::info, &makeOne<clsTextoProxy>},
-    {&Described<clsConvert>::info, &makeOne<clsConvertProxy>},
-    {&Described<clsUtilDate>::info, &makeOne<clsUtilDateProxy>},
-    {&Described<clsUtilMathOperations>::info, &makeOne<clsUtilMathOperationsProxy>},
-    {&Described<clsUtilFile>::info, &makeOne<clsUtilFileProxy>},
-    {&Described<clsApi>::info, &makeOne<clsApiProxy>},
-    {&Described<clsUtReport>::info, &makeOne<clsUtReportProxy>},
-    {&Described<clsVersionRegistry>::info, &makeOne<clsVersionRegistryProxy>},
-    {&Described<clsDefGen>::info, &makeOne<clsDefGenProxy>},
-    {&Described<clsErrorCodesIG>::info, &makeOne<clsErrorCodesIGProxy>},
+    proxyRow<clsError, clsErrorProxy>(),
+    proxyRow<clsMessage, clsMessageProxy>(),
+    proxyRow<clsTexto, clsTextoProxy>(),
+    proxyRow<clsConvert, clsConvertProxy>(),
+    proxyRow<clsUtilDate, clsUtilDateProxy>(),
+    proxyRow<clsUtilMathOperations, clsUtilMathOperationsProxy>(),
+    proxyRow<clsUtilFile, clsUtilFileProxy>(),
+    proxyRow<clsApi, clsApiProxy>(),
+    proxyRow<clsUtReport, clsUtReportProxy>(),
+    proxyRow<clsVersionRegistry, clsVersionRegistryProxy>(),
+    proxyRow<clsDefGen, clsDefGenProxy>(),
+    proxyRow<clsErrorCodesIG, clsErrorCodesIGProxy>(),
 };
 
 }  // namespace
 
 Ref<Object> makeServiceProxy(IUnknown* object, const ClassInfo& contract) {
-  for (const ProxyRow& row : kProxies) {
-    if (row.contract == &contract) return row.make(object);
-  }
-  return {};
+  return makeProxy(kProxies, object, contract);
 }
 
 }  // namespace tarvo::com

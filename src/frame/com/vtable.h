@@ -95,19 +95,9 @@ struct CallerParameters<Row, std::index_sequence<I...>> {
   using Type = std::tuple<std::tuple_element_t<I, typename Row::Traits::Parameters>...>;
 };
 
-template <class Body>
-HRESULT guarded(const ClassInfo& info, Body&& body) noexcept {
-  try {
-    body();
-    return S_OK;
-  } catch (...) {
-    return statusOfCurrentException(platformGuid(interfaceId(info)));
-  }
-}
-
 // Calls the operation and gives the by-reference arguments back, whatever comes of it.
 template <class Call, class... In>
-decltype(auto) callAndGiveBack(Call&& call, In&... in) {
+void callAndGiveBack(Call&& call, In&... in) {
   struct Giver {
     std::tuple<In&...> arguments;
     bool failed = true;
@@ -122,22 +112,78 @@ decltype(auto) callAndGiveBack(Call&& call, In&... in) {
       }
     }
   } giver{{in...}};
-  if constexpr (std::is_void_v<decltype(call(in.get()...))>) {
-    call(in.get()...);
-    giver.failed = false;
-    giver.give();
-  } else {
-    decltype(auto) result = call(in.get()...);
-    giver.failed = false;
-    giver.give();
-    return result;
+  call(in.get()...);
+  giver.failed = false;
+  giver.give();
+}
+
+// What stands for a result wherever only its COM type matters.
+template <class Plain>
+struct CarrierOf {
+  using Type = std::conditional_t<std::is_enum_v<Plain>, std::int32_t, Plain>;
+};
+template <class T>
+struct CarrierOf<Ref<T>> {
+  using Type = Ref<Object>;
+};
+template <>
+struct CarrierOf<TextList> {
+  using Type = Value;
+};
+
+// How an operation gets what a caller passed.
+template <class Parameter>
+using Taken = decltype(std::declval<Incoming<Parameter>&>().get());
+
+template <class... P, class Body>
+HRESULT takeAndRun(Face* face, std::size_t row, Body&& body,
+                   typename Incoming<P>::Abi... abi) noexcept {
+  const ClassInfo& info = *face->comClass.info;
+  try {
+    [[maybe_unused]] const ParameterInfo* next = info.members[row].parameters.data();
+    std::tuple<Incoming<P>...> in{Given<typename Incoming<P>::Abi>{abi, (next++)->name}...};
+    std::apply(
+        [&](Incoming<P>&... each) {
+          callAndGiveBack([&](auto&&... taken) { body(*face->object, taken...); }, each...);
+        },
+        in);
+    return S_OK;
+  } catch (...) {
+    return statusOfCurrentException(platformGuid(interfaceId(info)));
   }
 }
 
-template <class T, std::size_t Index>
-const char* parameterName(std::size_t place) {
-  return Described<T>::info.members[Index].parameters[place].name;
-}
+// All operations of one shape share this: the entry of each is no more than its operation and the
+// number of its row.
+template <class Carrier, class... P>
+struct Shape {
+  using ResultAbi = typename Automation<Carrier>::Abi;
+  using Operation = void (*)(Object& object, Taken<P>... taken, ResultAbi& result);
+
+  static HRESULT run(Face* face, typename Incoming<P>::Abi... abi, ResultAbi* result,
+                     Operation operation, std::size_t row) noexcept {
+    if (result == nullptr) return E_POINTER;
+    *result = ResultAbi{};
+    const HRESULT status = takeAndRun<P...>(
+        face, row, [&](Object& object, auto&&... taken) { operation(object, taken..., *result); },
+        abi...);
+    if (FAILED(status)) {
+      Automation<Carrier>::freeAbi(*result);
+      *result = ResultAbi{};
+    }
+    return status;
+  }
+};
+template <class... P>
+struct Shape<void, P...> {
+  using Operation = void (*)(Object& object, Taken<P>... taken);
+
+  static HRESULT run(Face* face, typename Incoming<P>::Abi... abi, Operation operation,
+                     std::size_t row) noexcept {
+    return takeAndRun<P...>(
+        face, row, [&](Object& object, auto&&... taken) { operation(object, taken...); }, abi...);
+  }
+};
 
 // The entry of T's row at `Index`; `Parameters` is the tuple of what the caller passes.
 template <class T, std::size_t Index, class Result, class Parameters>
@@ -146,53 +192,36 @@ struct Entry;
 // No result.
 template <class T, std::size_t Index, class... P>
 struct Entry<T, Index, void, std::tuple<P...>> {
-  using Row = RowOf<T, Index>;
+  static void operate(Object& object, Taken<P>... taken) {
+    (static_cast<T&>(object).*RowOf<T, Index>::function)(taken...);
+  }
 
   static HRESULT STDMETHODCALLTYPE call(Face* face, typename Incoming<P>::Abi... abi) {
-    return guarded(Described<T>::info, [&] {
-      auto& object = static_cast<T&>(*face->object);
-      std::size_t place = 0;
-      std::tuple<Incoming<P>...> in{
-          Given<typename Incoming<P>::Abi>{abi, parameterName<T, Index>(place++)}...};
-      std::apply(
-          [&](Incoming<P>&... each) {
-            callAndGiveBack([&](auto&&... a) { (object.*Row::function)(a...); }, each...);
-          },
-          in);
-    });
+    return Shape<void, P...>::run(face, abi..., &operate, Index);
   }
 };
 
 // With a result, returned or put into the last parameter.
 template <class T, std::size_t Index, class Result, class... P>
 struct Entry<T, Index, Result, std::tuple<P...>> {
-  using Row = RowOf<T, Index>;
   using ResultAbi = typename Automation<Result>::Abi;
+
+  static void operate(Object& object, Taken<P>... taken, ResultAbi& result) {
+    using Row = RowOf<T, Index>;
+    auto& self = static_cast<T&>(object);
+    if constexpr (Row::resultIsParameter) {
+      Result value{};
+      (self.*Row::function)(taken..., value);
+      Automation<Result>::toAbi(value, result);
+    } else {
+      Automation<Result>::toAbi((self.*Row::function)(taken...), result);
+    }
+  }
 
   static HRESULT STDMETHODCALLTYPE call(Face* face, typename Incoming<P>::Abi... abi,
                                         ResultAbi* result) {
-    if (result == nullptr) return E_POINTER;
-    *result = ResultAbi{};
-    return guarded(Described<T>::info, [&] {
-      auto& object = static_cast<T&>(*face->object);
-      std::size_t place = 0;
-      std::tuple<Incoming<P>...> in{
-          Given<typename Incoming<P>::Abi>{abi, parameterName<T, Index>(place++)}...};
-      std::apply(
-          [&](Incoming<P>&... each) {
-            if constexpr (Row::resultIsParameter) {
-              Result value{};
-              callAndGiveBack([&](auto&&... a) { (object.*Row::function)(a..., value); }, each...);
-              Automation<Result>::toAbi(value, *result);
-            } else {
-              decltype(auto) value = callAndGiveBack(
-                  [&](auto&&... a) -> decltype(auto) { return (object.*Row::function)(a...); },
-                  each...);
-              Automation<Result>::toAbi(value, *result);
-            }
-          },
-          in);
-    });
+    return Shape<typename CarrierOf<Result>::Type, P...>::run(face, abi..., result, &operate,
+                                                              Index);
   }
 };
 
@@ -201,7 +230,6 @@ struct EntryAt {
   using Row = RowOf<T, Index>;
   using ReturnedOrPut = PlainOf<typename tarvo::detail::ResultOf<Row>::Type>;
   using Type = Entry<T, Index, ReturnedOrPut, typename CallerParameters<Row>::Type>;
-  using Function = decltype(&Type::call);
 };
 
 }  // namespace detail

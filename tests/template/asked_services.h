@@ -1,7 +1,8 @@
-// The stand-in of the text service as one that must be asked for everything, as an outside one is.
+// Stand-ins as services that must be asked for everything, as outside ones are.
 #pragma once
 
 #include "services/clsTexto.h"
+#include "services/clsUtilDate.h"
 
 namespace tarvo::test {
 
@@ -47,8 +48,7 @@ class AskedTexto final : public clsTexto {
   void fAlignCenter(TextView valText, std::int32_t valWidth, Text& result) override {
     counted().fAlignCenter(valText, valWidth, result);
   }
-  void fPadOrCut(TextView valText, std::int32_t valWidth, TextView valFill,
-                 Text& result) override {
+  void fPadOrCut(TextView valText, std::int32_t valWidth, TextView valFill, Text& result) override {
     counted().fPadOrCut(valText, valWidth, valFill, result);
   }
   void fLeftMargin(TextView valText, std::uint8_t valMargin, Text& result) override {
@@ -68,6 +68,22 @@ class AskedTexto final : public clsTexto {
   }
 
   Ref<LibTarvoCI::clsTexto> standIn_ = make<LibTarvoCI::clsTexto>();
+};
+
+class AskedDate final : public clsUtilDate {
+ public:
+  Date fToday() override { return standIn_->fToday(); }
+  void fTimeText(Text& result) override { standIn_->fTimeText(result); }
+  void fFormatDate(Date valDate, TextView valFormat, Text& result) override {
+    standIn_->fFormatDate(valDate, valFormat, result);
+  }
+  void fDefaultDateText(Date valDate, Text& result) override {
+    standIn_->fDefaultDateText(valDate, result);
+  }
+  std::int16_t fYear(Date valDate) override { return standIn_->fYear(valDate); }
+
+ private:
+  Ref<LibTarvoCI::clsUtilDate> standIn_ = make<LibTarvoCI::clsUtilDate>();
 };
 
 }  // namespace tarvo::test
