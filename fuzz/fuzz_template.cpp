@@ -29,9 +29,9 @@ namespace {
 
 // What ends that has no end, and keeps within memory what a template may ask for.
 constexpr std::size_t kLongestInput = 1'000;
-constexpr int kMostAnswers = 100;
+constexpr int kMostAnswers = 40;
 constexpr int kMostMessages = 20;
-constexpr std::int16_t kMostBlanks = 30;
+constexpr std::int16_t kMostBlanks = 9;
 // One value spread by a separator pattern, among 32,767 characters.
 constexpr std::size_t kLongestText = 10'000'000;
 

@@ -25,13 +25,14 @@ Text wordOf(TextView text) {
 
 // Eight characters that are looked at in one step.
 using Eight = std::uint16_t __attribute__((vector_size(16)));
+constexpr Eight kOpening{u'{', u'{', u'{', u'{', u'{', u'{', u'{', u'{'};
+constexpr Eight kClosing{u'}', u'}', u'}', u'}', u'}', u'}', u'}', u'}'};
 
-constexpr Eight eightTimes(std::uint16_t c) noexcept { return Eight{c, c, c, c, c, c, c, c}; }
-
-Eight bracesAmong(const char16_t* text) noexcept {
+// Marks what it finds.
+void findBraces(const char16_t* text, Eight& found) noexcept {
   Eight characters;
   std::memcpy(&characters, text, sizeof characters);
-  return Eight((characters == eightTimes(u'{')) | (characters == eightTimes(u'}')));
+  found |= Eight((characters == kOpening) | (characters == kClosing));
 }
 
 bool holdsBrace(TextView text) noexcept {
@@ -40,8 +41,9 @@ bool holdsBrace(TextView text) noexcept {
     return std::any_of(text.begin(), text.end(), [](char16_t c) { return c == u'{' || c == u'}'; });
   }
   const std::size_t last = text.size() - kAtOnce;
-  Eight found = bracesAmong(text.data() + last);
-  for (std::size_t i = 0; i < last; i += kAtOnce) found |= bracesAmong(text.data() + i);
+  Eight found{};
+  findBraces(text.data() + last, found);
+  for (std::size_t i = 0; i < last; i += kAtOnce) findBraces(text.data() + i, found);
   std::array<std::uint64_t, 2> halves;
   std::memcpy(&halves, &found, sizeof halves);
   return (halves[0] | halves[1]) != 0;
@@ -281,6 +283,7 @@ void clsObLineCharacts::joinText() const {
 void clsObLineCharacts::extractNextVariable() {
   if (!isTranslatingStill()) {
     sExtractSpecialVar(textToWrite_);
+    joinText();  // a message may have led back to this line, and to another translation
     return;
   }
   if (const std::size_t before = next_->open - restBegin_; before != 0) {

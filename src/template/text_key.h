@@ -19,7 +19,7 @@ struct TextHash {
     std::uint64_t hash = text.size() * kMixer;
     if (text.size() < kPerWord) {
       for (const char16_t c : text) hash = (hash ^ c) * kMixer;
-      return hash ^ (hash >> 32);
+      return static_cast<std::size_t>(hash ^ (hash >> 32));
     }
     const std::size_t last = text.size() - kPerWord;
     for (std::size_t i = 0; i <= 4; ++i) {
@@ -28,7 +28,7 @@ struct TextHash {
       hash = (hash ^ word) * kMixer;
       hash ^= hash >> 29;
     }
-    return hash;
+    return static_cast<std::size_t>(hash ^ (hash >> 32));
   }
 };
 

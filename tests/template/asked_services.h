@@ -9,6 +9,7 @@ namespace tarvo::test {
 class AskedTexto final : public clsTexto {
  public:
   int calls = 0;
+  bool splitsIntoNothing = false;  // another service's answer to an empty text
 
   std::int32_t fPosition(TextView valText, TextView valSearched, std::int32_t valStart) override {
     return counted().fPosition(valText, valSearched, valStart);
@@ -24,6 +25,7 @@ class AskedTexto final : public clsTexto {
   }
   void fSplit(TextView valText, TextView valSeparator, TextList& result) override {
     counted().fSplit(valText, valSeparator, result);
+    if (splitsIntoNothing && valText.empty()) result.clear();
   }
   void fDelete(TextView valText, std::int32_t valStart, std::int32_t valDistance,
                Text& result) override {

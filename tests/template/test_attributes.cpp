@@ -7,6 +7,7 @@
 #include <sstream>
 
 #include "frame/upper_case.h"
+#include "template/asked_services.h"
 #include "template/attribute_words.h"
 #include "template/parse_test.h"
 
@@ -530,6 +531,15 @@ TEST_F(AttributesTest, WithoutQlrTheMessageComesUntilTheOperatorFails) {
     EXPECT_EQ(read(*variable, u"{F,QR}"), 0);
     EXPECT_EQ(dumpOf(*variable), "field='F' right");
   }
+}
+
+// What an empty text is split into is the service's own.
+TEST_F(AttributesTest, AnIifWithoutAnItemHasNoValue) {
+  const Ref<AskedTexto> service = make<AskedTexto>();
+  service->splitsIntoNothing = true;
+  modRDPGlobalValues::ofThisThread().refInsTexto = service;
+  EXPECT_EQ(read(*variable, u"{F,IIF(\"S\",)}"), 0);
+  EXPECT_EQ(variable->GetIifPossibleValues(), Value(ValueArray()));
 }
 
 // A value that begins so is no unknown attribute: nobody is told, and nobody could end it.

@@ -744,6 +744,22 @@ TEST_F(BypassedTextService, IsNotSeenFromWithinAMessage) {
         RecordingSource source(world, world.seen, inner);
         world.translator.translate(world.other, u"{A}{B}", source);
       },
+      [](TranslationWorld& world) {
+        const SourceAction inner = giving(u"inner");
+        RecordingSource source(world, world.seen, inner);
+        world.translator.translate(world.line, u"plain", source);
+      },
+      [](TranslationWorld& world) {
+        const SourceAction inner = giving(u"inner");
+        RecordingSource source(world, world.seen, inner);
+        world.translator.translate(world.line, u"{A}", source);
+      },
+      [](TranslationWorld& world) {
+        const Ref<clsObSpecialVar> other = make<clsObSpecialVar>();
+        other->sExtract(u"ab{G,3}");
+        world.line->SetSpecialVar(other);
+      },
+      [](TranslationWorld& world) { world.line->sReplaceVarInTextToWrite(); },
   };
   for (const Happening& happening : happenings) {
     SCOPED_TRACE(&happening - happenings);
