@@ -5,6 +5,7 @@
 #include <array>
 #include <cstdint>
 
+#include "equipment/forwarding_services.h"
 #include "frame/clsImplementIDTraduc.h"
 #include "frame/clsInitLibTarvoRpd.h"
 #include "frame/decimal.h"
@@ -99,6 +100,17 @@ class TemplateWay final : VariableSource {
   Ref<InvoiceClient> client_ = make<InvoiceClient>();
   Ref<clsObLineCharacts> line_ = make<clsObLineCharacts>();
   LineTranslator translator_;
+};
+
+// The same with a text service that must be asked for every step, as one in another program is.
+class AskedWay {
+ public:
+  AskedWay() { modRDPGlobalValues::ofThisThread().refInsTexto = make<test::ForwardingTexto>(); }
+
+  const Text& lineOf(const Invoice& invoice) { return way_.lineOf(invoice); }
+
+ private:
+  TemplateWay way_;
 };
 
 // The yardstick: the same line without a template, a service or a check.

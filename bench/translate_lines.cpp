@@ -1,5 +1,5 @@
 // Makes so many lines one way and does nothing else, so that its instructions can be counted:
-// translate_lines template|hand COUNT.  See instructions.sh.
+// translate_lines template|asked|hand COUNT.  See instructions.sh.
 #include <cstdio>
 #include <cstdlib>
 #include <string_view>
@@ -27,6 +27,8 @@ int main(int argc, char** argv) {
   const long count = std::atol(argv[2]);
   if (way == "template") {
     std::printf("%zu\n", make<tarvo::bench::TemplateWay>(count));
+  } else if (way == "asked") {
+    std::printf("%zu\n", make<tarvo::bench::AskedWay>(count));
   } else if (way == "hand") {
     std::printf("%zu\n", make<tarvo::bench::HandWrittenWay>(count));
   } else {

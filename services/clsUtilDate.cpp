@@ -20,13 +20,23 @@ Date clsUtilDate::fToday() {
 void clsUtilDate::fTimeText(Text& result) { formatTime(timeOf(clock_()), u"hh:nn:ss", result); }
 
 void clsUtilDate::fFormatDate(Date valDate, TextView valFormat, Text& result) {
-  formatTime(timeOf(valDate), valFormat, result);
+  formatTime(partsOf(valDate), valFormat, result);
 }
 
-void clsUtilDate::fDefaultDateText(Date valDate, Text& result) { dayMonthYear(valDate, result); }
+void clsUtilDate::fDefaultDateText(Date valDate, Text& result) {
+  dayMonthYear(partsOf(valDate), result);
+}
 
 std::int16_t clsUtilDate::fYear(Date valDate) {
-  return static_cast<std::int16_t>(timeOf(valDate).year);
+  return static_cast<std::int16_t>(partsOf(valDate).year);
+}
+
+const tarvo::CivilTime& clsUtilDate::partsOf(Date date) {
+  if (date != lastDate_) {
+    partsOfLastDate_ = timeOf(date);
+    lastDate_ = date;
+  }
+  return partsOfLastDate_;
 }
 
 }  // namespace LibTarvoCI

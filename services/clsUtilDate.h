@@ -5,6 +5,7 @@
 
 #include <functional>
 
+#include "frame/date.h"
 #include "frame/services.h"
 #include "services/fail.h"
 
@@ -34,7 +35,13 @@ class clsUtilDate final : public tarvo::clsUtilDate {
   std::int16_t fYear(Date valDate) override;
 
  private:
+  const tarvo::CivilTime& partsOf(Date date);
+
   Clock clock_;
+
+  // What is asked of a date is asked together, its text and its year.
+  Date lastDate_;
+  tarvo::CivilTime partsOfLastDate_;  // those of day zero at first, as the date itself
 };
 
 }  // namespace LibTarvoCI

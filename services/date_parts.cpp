@@ -12,15 +12,20 @@ tarvo::CivilTime timeOf(Date date) try {
   fail(error.number(), u"valDate");
 }
 
-void dayMonthYear(Date date, Text& result) {
-  const tarvo::CivilTime time = timeOf(date);
-  const auto digit = [](int number) { return static_cast<char16_t>(u'0' + number % 10); };
-  const std::array<char16_t, 10> text{
-      digit(time.day / 10),    digit(time.day),        u'/',
-      digit(time.month / 10),  digit(time.month),      u'/',
-      digit(time.year / 1000), digit(time.year / 100), digit(time.year / 10),
-      digit(time.year)};
-  result.assign(text.data(), text.size());
+void dayMonthYear(Date date, Text& result) { dayMonthYear(timeOf(date), result); }
+
+void dayMonthYear(const tarvo::CivilTime& time, Text& result) {
+  std::array<char16_t, 10> text{u'0', u'0', u'/', u'0', u'0', u'/', u'0', u'0', u'0', u'0'};
+  const auto put = [&text](std::size_t at, int number) {  // of two digits
+    text[at] = static_cast<char16_t>(u'0' + number / 10);
+    text[at + 1] = static_cast<char16_t>(u'0' + number % 10);
+  };
+  put(0, time.day);
+  put(3, time.month);
+  put(6, time.year / 100);
+  put(8, time.year % 100);
+  result.clear();
+  result.append(text.data(), text.size());
 }
 
 }  // namespace LibTarvoCI

@@ -12,4 +12,7 @@ tarvo::CivilTime timeOf(Date date);
 // Replaces `result` by the date as dd/mm/yyyy.  Raises: 6 as above.
 void dayMonthYear(Date date, Text& result);
 
+// The same of a time of which civilTimeOf gave the parts.
+void dayMonthYear(const tarvo::CivilTime& time, Text& result);
+
 }  // namespace LibTarvoCI

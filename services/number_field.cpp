@@ -2,71 +2,92 @@
 
 #include <algorithm>
 #include <array>
+#include <cstring>
 
 #include "services/digits.h"
 
 namespace LibTarvoCI {
 namespace {
 
-constexpr int kGroup = 3;  // digits between two marks
+// For a sign, 15 digits, 4 marks, a mark and 4 digits, and for blanks in most fields.
+constexpr std::size_t kRoom = 40;
+using Room = std::array<char16_t, kRoom>;
 
-// A number written from its last character to its first.
-class Written {
+// What stands before a number is there already.
+constexpr Room kBlanks = [] {
+  Room blanks{};
+  blanks.fill(u' ');
+  return blanks;
+}();
+
+// The digits of every group between two marks.
+constexpr auto kGroups = [] {
+  std::array<std::array<char16_t, 3>, 1000> groups{};
+  for (std::size_t i = 0; i < groups.size(); ++i) {
+    groups[i] = {static_cast<char16_t>(u'0' + i / 100), static_cast<char16_t>(u'0' + i / 10 % 10),
+                 static_cast<char16_t>(u'0' + i % 10)};
+  }
+  return groups;
+}();
+
+// Writes from the last character to the first.
+class Backwards {
  public:
-  // For a sign, 15 digits, 4 marks, a mark and 4 digits, and for blanks in most fields.
-  static constexpr std::size_t kRoom = 40;
+  explicit Backwards(char16_t* end) noexcept : first_(end) {}
 
-  void put(char16_t character) noexcept { characters_[--first_] = character; }
+  const char16_t* first() const noexcept { return first_; }
 
-  // The digits of a whole number, at least one, with a mark before each third one but the first.
+  void put(char16_t character) noexcept { *--first_ = character; }
+
+  // The last digits, `count` of them.
+  void putDigits(std::uint64_t number, int count) noexcept {
+    for (; count > 0; --count, number /= 10) put(static_cast<char16_t>(u'0' + number % 10));
+  }
+
+  // The digits of a whole number, at least one, with a mark (unless it is 0) between each three.
   void putUnits(std::uint64_t number, char16_t mark) noexcept {
-    int untilMark = mark != 0 ? kGroup : -1;  // never
-    do {
-      if (untilMark == 0) {
-        put(mark);
-        untilMark = kGroup;
-      }
-      put(static_cast<char16_t>(u'0' + number % 10));
-      number /= 10;
-      --untilMark;
-    } while (number != 0);
-  }
-
-  // That many digits of a fraction, which is in ten-thousandths.
-  void putDecimals(std::uint64_t fraction, int count) noexcept {
-    for (int i = Currency::kDecimals; i > count; --i) fraction /= 10;
-    for (int i = 0; i < count; ++i, fraction /= 10) {
-      put(static_cast<char16_t>(u'0' + fraction % 10));
+    for (; number >= kGroups.size(); number /= kGroups.size()) {
+      const auto& group = kGroups[static_cast<std::size_t>(number % kGroups.size())];
+      first_ -= group.size();
+      std::memcpy(first_, group.data(), sizeof group);
+      if (mark != 0) put(mark);
     }
+    // The first group has no zeros before its digits.
+    const auto& group = kGroups[static_cast<std::size_t>(number)];
+    const std::size_t digits = number >= 100 ? 3 : number >= 10 ? 2 : 1;
+    first_ -= digits;
+    std::copy_n(group.end() - digits, digits, first_);
   }
-
-  // Blanks before it, up to the width.  REQUIRES: width <= kRoom.
-  void fillUpTo(std::size_t width) noexcept {
-    while (first_ > kRoom - width) put(u' ');
-  }
-
-  TextView text() const noexcept { return {characters_.data() + first_, kRoom - first_}; }
 
  private:
-  std::array<char16_t, kRoom> characters_;
-  std::size_t first_ = kRoom;  // an index: it is copied with the characters
+  char16_t* first_;
 };
 
+// An amount to be written: its digits, rounded, and its sign; 0: none.
 struct Amount {
   std::uint64_t rounded;
-  char16_t sign;  // 0: none
+  char16_t sign;
 };
 
-Written write(const Amount& amount, const NumberField& field, char16_t thousandsMark) {
-  Written written;
+void write(const Amount& amount, const NumberField& field, Backwards& number) noexcept {
   if (field.decimals > 0) {
-    written.putDecimals(amount.rounded % Currency::kUnit,
-                        std::min(field.decimals, Currency::kDecimals));
-    written.put(field.decimalMark);
+    const int count = std::min(field.decimals, Currency::kDecimals);
+    const std::uint64_t step = kSteps[static_cast<std::size_t>(count)];
+    number.putDigits(amount.rounded % Currency::kUnit / step, count);
+    number.put(field.decimalMark);
   }
-  written.putUnits(amount.rounded / Currency::kUnit, thousandsMark);
-  if (amount.sign != 0) written.put(amount.sign);
-  return written;
+  number.putUnits(amount.rounded / Currency::kUnit, field.thousandsMark);
+  if (amount.sign != 0) number.put(amount.sign);
+}
+
+// For a number that does not fit.
+void formatWithoutMarks(Currency value, NumberField field, Text& result) {
+  if (field.thousandsMark == 0) {
+    result.assign(field.width, u'*');
+  } else {
+    field.thousandsMark = 0;
+    formatField(value, field, result);
+  }
 }
 
 }  // namespace
@@ -76,26 +97,28 @@ void formatField(Currency value, const NumberField& field, Text& result) {
   const bool isNegative = value.tenThousandths < 0 && rounded != 0;
   const bool isEnclosed = isNegative && field.parenthesis;
   const Amount amount{rounded, isEnclosed ? u'(' : isNegative ? u'-' : char16_t{0}};
-  const auto zeros = static_cast<std::size_t>(std::max(field.decimals - Currency::kDecimals, 0));
-  const std::size_t behind = zeros + (isEnclosed ? 1 : 0);
 
-  Written number = write(amount, field, field.thousandsMark);
-  const auto fits = [&] {
-    return field.width == 0 || number.text().size() + behind <= field.width;
-  };
-  if (!fits()) number = write(amount, field, 0);
-  if (!fits()) {
-    result.assign(field.width, u'*');
+  Room room = kBlanks;
+  char16_t* const end = room.data() + room.size();
+  Backwards number(end);
+  write(amount, field, number);
+
+  // What stands behind the decimals that an amount has.
+  const auto zeros = static_cast<std::size_t>(std::max(field.decimals - Currency::kDecimals, 0));
+  const std::size_t written = static_cast<std::size_t>(end - number.first());
+  const std::size_t size = written + zeros + (isEnclosed ? 1 : 0);
+  if (field.width != 0 && size > field.width) {
+    formatWithoutMarks(value, field, result);
     return;
   }
-  if (behind == 0 && field.width <= Written::kRoom) {
-    number.fillUpTo(field.width);
-    result.assign(number.text());
+  result.clear();
+  if (size == written && field.width <= kRoom) {
+    const std::size_t taken = std::max(written, field.width);
+    result.append(end - taken, taken);
     return;
   }
-  const std::size_t used = number.text().size() + behind;
-  result.assign(used < field.width ? field.width - used : 0, u' ').append(number.text());
-  result.append(zeros, u'0');
+  if (size < field.width) result.append(field.width - size, u' ');
+  result.append(number.first(), written).append(zeros, u'0');
   if (isEnclosed) result.push_back(u')');
 }
 

@@ -49,6 +49,33 @@ bool holdsBrace(TextView text) noexcept {
   return (halves[0] | halves[1]) != 0;
 }
 
+// Where the printer's profile keeps what a word sends.
+using PrinterCode = const Text& (clsUtilImp::*)() const noexcept;
+
+struct CodeWord {
+  Control control;
+  PrinterCode code;
+};
+
+constexpr std::array<CodeWord, 8> kCodeWords{
+    {{Control::kCondensed, &clsUtilImp::GetChrCondensed},
+     {Control::kInitExpanded, &clsUtilImp::GetChrInitExpanded},
+     {Control::kEndExpanded, &clsUtilImp::GetChrEndExpanded},
+     {Control::kNormal, &clsUtilImp::GetChrNormal},
+     {Control::kBold, &clsUtilImp::GetChrBold},
+     {Control::kLight, &clsUtilImp::GetChrLight},
+     {Control::kInitUnderline, &clsUtilImp::GetChrInitUnderlying},
+     {Control::kEndUnderline, &clsUtilImp::GetChrEndUnderlying}}};
+
+// By the control's number; null for a word that sends no code of the profile's.
+constexpr auto kCodes = [] {
+  std::array<PrinterCode, kControls> codes{};
+  for (const CodeWord& word : kCodeWords) codes[static_cast<std::size_t>(word.control)] = word.code;
+  return codes;
+}();
+
+PrinterCode codeOf(Control control) noexcept { return kCodes[static_cast<std::size_t>(control)]; }
+
 }  // namespace
 
 clsObLineCharacts::clsObLineCharacts() : specialVar_(make<clsObSpecialVar>()) {}
@@ -70,13 +97,20 @@ void clsObLineCharacts::SetTextToWrite(TextView valNewValue) {
   template_ = {};
 }
 
+// As SetTextToWrite; the text is used up.
+void clsObLineCharacts::takeText(Text& text) noexcept {
+  textToWrite_.swap(text);
+  template_ = {};
+}
+
 const Text& clsObLineCharacts::GetTextToPrint() const {
   static const Text kEmpty;
   return lineToWriteEmpty_ ? kEmpty : GetTextToWrite();
 }
 
 void clsObLineCharacts::sClrRecord() try {
-  SetTextToWrite({});
+  textToWrite_.clear();
+  template_ = {};
   const Ref<clsObSpecialVar> variable = specialVar_;
   variable->sClrObject();
   alignment_ = eAT_Left;
@@ -104,7 +138,7 @@ void clsObLineCharacts::sExtractSpecialVar(TextView valLine) try {
 void clsObLineCharacts::sExtractComment(Text& valLine) try {
   Text comment;
   TextParts()->fStrip(valLine, u".", comment);
-  SetTextToWrite(comment);
+  takeText(comment);
 } catch (...) {
   trap("sExtractComment");
 }
@@ -116,18 +150,19 @@ void clsObLineCharacts::sFormatSpecialVar() try {
   trap("sFormatSpecialVar");
 }
 
-void clsObLineCharacts::sReplaceVarInTextToWrite() try {
-  const Ref<clsObSpecialVar> variable = specialVar_;
-  removeVariable(*variable);
-  const bool isEmpty = variable->fIsEmpty();  // asked of every variable, conditional or not
-  if (variable->GetVariableToApplyCondition() && isEmpty) {
-    printLine_ = false;
-  } else if (!variable->GetVariableToWriteEmpty()) {
-    insertAtVariable(*variable);
-  }
-  if (!variable->GetPrintLine()) printLine_ = false;
-} catch (...) {
-  trap("sReplaceVarInTextToWrite");
+// Other services are asked about every step from here on.
+inline bool clsObLineCharacts::isTranslatingStill() const {
+  if (!isTranslating()) return false;
+  if (template_->isOfPresentServices()) return true;
+  joinText();
+  return false;
+}
+
+// Whether the variable is still the one with which the rest of the template line begins.
+inline bool clsObLineCharacts::beginsTheRest(const clsObSpecialVar& variable) const noexcept {
+  return next_ != template_->variablesEnd() && restBegin_ == next_->open &&
+         static_cast<std::size_t>(variable.GetPosBegin()) == textToWrite_.size() + 1 &&
+         static_cast<std::size_t>(variable.GetSize()) == next_->size;
 }
 
 inline void clsObLineCharacts::removeVariable(const clsObSpecialVar& variable) {
@@ -142,14 +177,14 @@ inline void clsObLineCharacts::removeVariable(const clsObSpecialVar& variable) {
 void clsObLineCharacts::removeThroughService(const clsObSpecialVar& variable) {
   Text without;
   TextParts()->fDelete(GetTextToWrite(), variable.GetPosBegin(), variable.GetSize() + 1, without);
-  SetTextToWrite(without);
+  takeText(without);
 }
 
-// Whether the variable is still the one with which the rest of the template line begins.
-inline bool clsObLineCharacts::beginsTheRest(const clsObSpecialVar& variable) const noexcept {
-  return next_ != template_->variablesEnd() && restBegin_ == next_->open &&
-         static_cast<std::size_t>(variable.GetPosBegin()) == textToWrite_.size() + 1 &&
-         static_cast<std::size_t>(variable.GetSize()) == next_->size;
+// A date's year is asked for even where it does not matter.
+inline bool clsObLineCharacts::suppressesLine(clsObSpecialVar& variable) {
+  if (!variable.GetVariableToApplyCondition() && variable.GetTypeField() != TFR_Date) return false;
+  const bool isEmpty = variable.fIsEmpty();
+  return variable.GetVariableToApplyCondition() && isEmpty;
 }
 
 inline void clsObLineCharacts::insertAtVariable(const clsObSpecialVar& variable) {
@@ -163,23 +198,45 @@ inline void clsObLineCharacts::insertAtVariable(const clsObSpecialVar& variable)
   if (holdsBrace(value)) joinText();
 }
 
+void clsObLineCharacts::sReplaceVarInTextToWrite() try {
+  const Ref<clsObSpecialVar> variable = specialVar_;
+  removeVariable(*variable);
+  if (suppressesLine(*variable)) {
+    printLine_ = false;
+  } else if (!variable->GetVariableToWriteEmpty()) {
+    insertAtVariable(*variable);
+  }
+  if (!variable->GetPrintLine()) printLine_ = false;
+} catch (...) {
+  trap("sReplaceVarInTextToWrite");
+}
+
 void clsObLineCharacts::insertThroughService(const clsObSpecialVar& variable) {
   Text with;
   TextParts()->fInsert(textToWrite_, variable.GetTextToWrite(), variable.GetPosBegin(), with);
-  SetTextToWrite(with);
+  takeText(with);
 }
 
 bool clsObLineCharacts::fSpecialVarIsAnyControlChar(TextView valText, Text& refContent) try {
   const Text text(valText);  // it may be the content
   refContent.clear();
-  return applyControl(controlOf(wordOf(text)), refContent);
+  const Control control = controlOf(wordOf(text));
+  if (control == Control::kNone) return false;
+  if (const Text& content = applyControl(control, refContent); &content != &refContent) {
+    refContent = content;
+  }
+  return true;
 } catch (...) {
   trap("fSpecialVarIsAnyControlChar");
 }
 
-bool clsObLineCharacts::applyControl(Control control, Text& refContent) {
-  if (control == Control::kNone) return false;
-  const Ref<clsUtilImp> printer = modRDPGlobalValues::ofThisThread().refInsImp;
+// Sets what the word asks for, and gives what goes to the printer: the printer's own text, or
+// `content`, which is empty before.
+const Text& clsObLineCharacts::applyControl(Control control, Text& content) {
+  if (const PrinterCode code = codeOf(control); code != nullptr) {
+    const Ref<clsUtilImp>& printer = modRDPGlobalValues::ofThisThread().refInsImp;
+    return ((*printer).*code)();
+  }
   switch (control) {
     case Control::kSkipPoints:
       skipLine_ = false;
@@ -192,26 +249,8 @@ bool clsObLineCharacts::applyControl(Control control, Text& refContent) {
       numberOfSkips_ = specialVar_->GetLength();
       skipNPoints_ = false;
       break;
-    case Control::kCondensed:
-      refContent = printer->GetChrCondensed();
-      break;
-    case Control::kInitExpanded:
-      refContent = printer->GetChrInitExpanded();
-      break;
-    case Control::kEndExpanded:
-      refContent = printer->GetChrEndExpanded();
-      break;
-    case Control::kNormal:
-      refContent = printer->GetChrNormal();
-      break;
-    case Control::kBold:
-      refContent = printer->GetChrBold();
-      break;
-    case Control::kLight:
-      refContent = printer->GetChrLight();
-      break;
     case Control::kBlanks:
-      TextParts()->fRepeat(u" ", specialVar_->GetLength(), refContent);
+      TextParts()->fRepeat(u" ", specialVar_->GetLength(), content);
       break;
     case Control::kSkipPage:
       skipPageWasRead_ = true;
@@ -222,16 +261,10 @@ bool clsObLineCharacts::applyControl(Control control, Text& refContent) {
     case Control::kRepeat:
       repeatLine();
       break;
-    case Control::kInitUnderline:
-      refContent = printer->GetChrInitUnderlying();
-      break;
-    case Control::kEndUnderline:
-      refContent = printer->GetChrEndUnderlying();
-      break;
-    case Control::kNone:
+    default:
       break;
   }
-  return true;
+  return content;
 }
 
 void clsObLineCharacts::repeatLine() {
@@ -259,14 +292,6 @@ void clsObLineCharacts::beginTranslation(Ref<TemplateLine> line) {
   restBegin_ = 0;
   next_ = line->variables();
   template_ = std::move(line);
-}
-
-// Other services are asked about every step from here on.
-inline bool clsObLineCharacts::isTranslatingStill() const {
-  if (!isTranslating()) return false;
-  if (template_->isOfPresentServices()) return true;
-  joinText();
-  return false;
 }
 
 bool clsObLineCharacts::findsVariable() const {
@@ -314,14 +339,15 @@ void clsObLineCharacts::readNextVariable() {
   next.isConstant = variable->GetFieldName().starts_with(kFreeMark);
 }
 
-bool clsObLineCharacts::applyControlWord(Text& refContent) {
-  if (!isTranslating()) return fSpecialVarIsAnyControlChar(GetField(), refContent);
-  return applyKnownControl(next_->control, refContent);
+const Text* clsObLineCharacts::applyControlWord(Text& content) {
+  if (isTranslating()) return applyKnownControl(next_->control, content);
+  return fSpecialVarIsAnyControlChar(GetField(), content) ? &content : nullptr;
 }
 
-bool clsObLineCharacts::applyKnownControl(Control control, Text& refContent) try {
-  refContent.clear();
-  return applyControl(control, refContent);
+const Text* clsObLineCharacts::applyKnownControl(Control control, Text& content) try {
+  if (control == Control::kNone) return nullptr;
+  content.clear();
+  return &applyControl(control, content);
 } catch (...) {
   trap("fSpecialVarIsAnyControlChar");
 }

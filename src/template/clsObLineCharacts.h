@@ -119,8 +119,10 @@ class clsObLineCharacts final : public TrappedObject {
   // else at least one.
   std::uint8_t fNumberOfPrintedLinesThatWillFill();
 
+ private:
   // --- For the translation of a whole line.  While it runs without anybody looking at the text,
   // --- the line keeps what is settled and what is left apart, and nothing is moved.
+  friend class LineTranslator;
 
   // As SetTextToWrite with the line's text, which has been looked through before.
   // REQUIRES: a regular line, and a text service that may be bypassed.
@@ -139,24 +141,26 @@ class clsObLineCharacts final : public TrappedObject {
     return isTranslating() && next_->control == Control::kNone && !next_->isConstant;
   }
 
-  // As fSpecialVarIsAnyControlChar with the field's name.
-  bool applyControlWord(Text& refContent);
+  // As fSpecialVarIsAnyControlChar with the field's name.  Gives what goes to the printer, either
+  // `content` or a text of the printer's; null when the name is no control word.
+  const Text* applyControlWord(Text& content);
 
- private:
   const ErrorIdentity& errorIdentity() const noexcept override;
 
   bool isTranslating() const noexcept { return static_cast<bool>(template_); }
   bool isTranslatingStill() const;
+  void takeText(Text& text) noexcept;
   void joinText() const;
   bool findsVariable() const;
   bool beginsTheRest(const clsObSpecialVar& variable) const noexcept;
   void removeVariable(const clsObSpecialVar& variable);
+  bool suppressesLine(clsObSpecialVar& variable);
   void removeThroughService(const clsObSpecialVar& variable);
   void insertAtVariable(const clsObSpecialVar& variable);
   void insertThroughService(const clsObSpecialVar& variable);
   void readNextVariable();
-  bool applyKnownControl(Control control, Text& refContent);
-  bool applyControl(Control control, Text& refContent);
+  const Text* applyKnownControl(Control control, Text& content);
+  const Text& applyControl(Control control, Text& content);
   void repeatLine();
 
   // The whole text; while translating, what stands before the rest of the template line.

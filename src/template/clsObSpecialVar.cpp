@@ -51,6 +51,9 @@ void clsObSpecialVar::clear() {
   namesAreShared_ = true;
   a_ = {};
   hasIifOfItsOwn_ = false;
+  posEnd_ = 0;
+  size_ = 0;
+  posBegin_ = 0;
   clearContent();
 }
 

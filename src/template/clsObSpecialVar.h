@@ -22,6 +22,7 @@
 #include "frame/currency.h"
 #include "frame/date.h"
 #include "frame/enums.h"
+#include "frame/modRDPGlobalValues.h"
 #include "frame/text.h"
 #include "frame/trapped.h"
 #include "frame/value.h"
@@ -249,6 +250,15 @@ class clsObSpecialVar final : public TrappedObject {
 
   const ErrorIdentity& errorIdentity() const noexcept override;
 
+  // References of the call's own: a service may replace the services while it works.
+  Ref<clsTexto> texto() const { return services_.refInsTexto; }
+  Ref<clsConvert> convert() const { return services_.refInsConvert; }
+  Ref<clsUtilDate> dates() const { return services_.refInsUtilDate; }
+  // A service that is missing is missed where it is asked.
+  bool mayBypassTexto() const {
+    return services_.refInsTexto && services_.refInsTexto->mayBeBypassed();
+  }
+
   const VariableNames& names() const noexcept { return *names_; }
   VariableNames& ownNames();
   const Value& iifPossibleValues() const noexcept { return iif_->values; }
@@ -284,7 +294,9 @@ class clsObSpecialVar final : public TrappedObject {
   void fJustifyStr(TextView text, std::int16_t width, Text& result);
   void writePossibleValue(TextView content);
   bool isPrintedNumber() const noexcept;
+  bool mustBeAligned() const noexcept;
   bool alignInPlace();
+  void fillUpToLength();
   void alignThroughService();
   std::int16_t elementToTake(std::int16_t indexPosition, bool doFillWithSpace,
                              bool arrayPositionIsValid, std::int16_t arrayPosition) const noexcept;
@@ -301,6 +313,9 @@ class clsObSpecialVar final : public TrappedObject {
   void fDoSpecialSeparationString(TextView text, Text& result);
   void fGetCharsFromSpecialSeparationString(std::int16_t gap, PatternTexts& texts);
   void fConvierteBCEnImprimible(TextView code, Text& result);
+
+  // Of the thread to which the object belongs, and there as long as it.
+  const modRDPGlobalValues& services_ = modRDPGlobalValues::ofThisThread();
 
   ParsedAttributes a_;
   Ref<VariableNames> names_;
@@ -334,7 +349,7 @@ class clsObSpecialVar final : public TrappedObject {
   Ref<const ParsedVariable> lastParsed_;
 };
 
-// All but what was written between the braces.
+// All but what was written between the braces, and where.
 inline void clsObSpecialVar::clearContent() noexcept {
   contentString_.clear();
   contentNumeric_ = {};
@@ -342,9 +357,6 @@ inline void clsObSpecialVar::clearContent() noexcept {
   contentBool_ = false;
   contentEnum_.clear();
   typeField_ = TFR_String;
-  posEnd_ = 0;
-  size_ = 0;
-  posBegin_ = 0;
   textToWrite_.clear();
   parenthesisIfNegative_ = false;
   lineOfRepeatToPrint_ = false;
@@ -353,6 +365,7 @@ inline void clsObSpecialVar::clearContent() noexcept {
 }
 
 inline void clsObSpecialVar::take(const ParsedVariable& parsed) {
+  ++readings_;
   a_ = parsed.attributes;
   names_ = parsed.names;
   namesAreShared_ = true;

@@ -1,6 +1,5 @@
 // The value that the client gives.
 #include "frame/borrowed.h"
-#include "frame/modRDPGlobalValues.h"
 #include "template/clsObSpecialVar.h"
 
 namespace tarvo {
@@ -58,8 +57,7 @@ void clsObSpecialVar::SetContentArray(TextView valValue, std::uint8_t valMaxWidt
   Borrowed<Text> filled(scratch_);
   TextView value = valValue;
   if (valDoFillWithSpace) {
-    const Ref<clsTexto> texto = modRDPGlobalValues::ofThisThread().refInsTexto;
-    texto->fPadOrCut(valValue, valMaxWidth, u" ", *filled);
+    texto()->fPadOrCut(valValue, valMaxWidth, u" ", *filled);
     value = *filled;
   }
   const auto index = static_cast<std::size_t>(place);
@@ -91,8 +89,8 @@ bool clsObSpecialVar::fIsEmpty() try {
     case TFR_Numeric:
       return contentNumeric_ == Currency{};
     case TFR_Date: {
-      const Ref<clsUtilDate> dates = modRDPGlobalValues::ofThisThread().refInsUtilDate;
-      return dates->fYear(contentDate_) < kFirstYearOfDates;
+      const Ref<clsUtilDate> service = dates();
+      return service->fYear(contentDate_) < kFirstYearOfDates;
     }
     case TFR_Boolean:
       return !contentBool_;

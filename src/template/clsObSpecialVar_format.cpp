@@ -1,7 +1,9 @@
 // From the value to the text that is printed.
+#include <array>
+#include <limits>
+
 #include "frame/borrowed.h"
 #include "frame/checked.h"
-#include "frame/modRDPGlobalValues.h"
 #include "template/clsObSpecialVar.h"
 
 namespace tarvo {
@@ -10,15 +12,12 @@ namespace {
 constexpr TextView kBlank = u" ";
 constexpr TextView kQuote = u"\"";
 
-// References of the call's own: a service may replace the services while it works.
-Ref<clsTexto> texto() { return modRDPGlobalValues::ofThisThread().refInsTexto; }
-Ref<clsConvert> convert() { return modRDPGlobalValues::ofThisThread().refInsConvert; }
-
-// A service that is missing is missed where it is asked.
-bool mayBypassTexto() {
-  const Ref<clsTexto>& service = modRDPGlobalValues::ofThisThread().refInsTexto;
-  return service && service->mayBeBypassed();
-}
+// As many as the greatest length.
+constexpr auto kBlanks = [] {
+  std::array<char16_t, std::numeric_limits<std::uint8_t>::max()> blanks{};
+  blanks.fill(u' ');
+  return blanks;
+}();
 
 // Whether the condition names the content, between double quotes.
 bool holdsQuoted(TextView condition, TextView content) noexcept {
@@ -44,6 +43,15 @@ const Text& itemOf(const Value& list, std::size_t index) {
 
 }  // namespace
 
+// Whether the number formatting has made the right-aligned field already.
+inline bool clsObSpecialVar::isPrintedNumber() const noexcept {
+  return typeField_ == TFR_Numeric && (a_.printZero || contentNumeric_ != Currency{});
+}
+
+inline bool clsObSpecialVar::mustBeAligned() const noexcept {
+  return a_.length != 0 && !(a_.alignmentType == eAT_Right && isPrintedNumber());
+}
+
 void clsObSpecialVar::sFormatSpecialVar() try {
   switch (typeField_) {
     case TFR_Numeric:
@@ -61,7 +69,7 @@ void clsObSpecialVar::sFormatSpecialVar() try {
     default:
       sFormatString();
   }
-  sAlignTextToWrite();
+  if (mustBeAligned()) sAlignTextToWrite();
   if (a_.notSpacesToTheSides || a_.fillWithZero || a_.usingSpecialSeparationString) {
     finishTextToWrite();
   }
@@ -85,11 +93,6 @@ void clsObSpecialVar::finishTextToWrite() {
   }
 }
 
-// Whether the number formatting has made the right-aligned field already.
-bool clsObSpecialVar::isPrintedNumber() const noexcept {
-  return typeField_ == TFR_Numeric && (a_.printZero || contentNumeric_ != Currency{});
-}
-
 void clsObSpecialVar::sFormatNumber() try {
   textToWrite_.clear();
   if (!isPrintedNumber()) return;
@@ -111,8 +114,7 @@ void clsObSpecialVar::sFormatNumber() try {
 void clsObSpecialVar::writePlainNumber(clsConvert& numbers) {
   Currency value = contentNumeric_;
   if (a_.decimalPlaces == 0) {
-    const Ref<clsUtilMathOperations> math =
-        modRDPGlobalValues::ofThisThread().refInsUtilMathOperations;
+    const Ref<clsUtilMathOperations> math = services_.refInsUtilMathOperations;
     value = math->fRound(value, 0);
   }
   Borrowed<Text> number(scratch_);
@@ -121,12 +123,12 @@ void clsObSpecialVar::writePlainNumber(clsConvert& numbers) {
 }
 
 void clsObSpecialVar::sFormatDate() try {
-  const Ref<clsUtilDate> dates = modRDPGlobalValues::ofThisThread().refInsUtilDate;
+  const Ref<clsUtilDate> service = dates();
   if (a_.dateFormatWasRead) {
     const Ref<VariableNames> held = names_;
-    dates->fFormatDate(contentDate_, held->dateFormat, textToWrite_);
+    service->fFormatDate(contentDate_, held->dateFormat, textToWrite_);
   } else {
-    dates->fDefaultDateText(contentDate_, textToWrite_);
+    service->fDefaultDateText(contentDate_, textToWrite_);
   }
 } catch (...) {
   trap("sFormatDate");
@@ -137,6 +139,10 @@ void clsObSpecialVar::sFormatString() try {
     textToWrite_ = contentString_;
   } else if (a_.repeatCharsUntilFill && contentString_.size() == 1) {
     texto()->fRepeat(contentString_, a_.length, textToWrite_);
+  } else if (mayBypassTexto()) {
+    textToWrite_.clear();
+    textToWrite_.append(contentString_, 0, a_.length);
+    fillUpToLength();
   } else {
     texto()->fPadOrCut(contentString_, a_.length, kBlank, textToWrite_);
   }
@@ -148,7 +154,13 @@ void clsObSpecialVar::sFormatString() try {
 void clsObSpecialVar::writePossibleValue(TextView content) {
   const Ref<IifValues> list = iif_;
   const std::size_t index = holdsQuoted(names().iifCondition, content) ? 0 : 1;
-  texto()->fReplaceAll(itemOf(list->values, index), kQuote, {}, textToWrite_);
+  const Text& item = itemOf(list->values, index);
+  if (mayBypassTexto()) {
+    textToWrite_ = item;
+    std::erase(textToWrite_, kQuote[0]);
+  } else {
+    texto()->fReplaceAll(item, kQuote, {}, textToWrite_);
+  }
 }
 
 void clsObSpecialVar::sFormatEnum() try {
@@ -183,13 +195,17 @@ bool clsObSpecialVar::alignInPlace() {
     return isLeft ? endsBlank || !startsBlank : !endsBlank && !startsBlank;
   }
   if (text.size() > a_.length || !isLeft) return false;
-  text.append(a_.length - text.size(), kBlank[0]);
+  fillUpToLength();
   return true;
 }
 
+// REQUIRES: the text is no longer.
+void clsObSpecialVar::fillUpToLength() {
+  textToWrite_.append(kBlanks.data(), a_.length - textToWrite_.size());
+}
+
 void clsObSpecialVar::sAlignTextToWrite() try {
-  if (a_.length == 0) return;
-  if (a_.alignmentType == eAT_Right && isPrintedNumber()) return;
+  if (!mustBeAligned()) return;
   if (mayBypassTexto() && alignInPlace()) return;
   alignThroughService();
 } catch (...) {

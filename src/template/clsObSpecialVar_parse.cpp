@@ -13,8 +13,6 @@ namespace {
 constexpr std::uint8_t kWidthWithDecimals = 4;
 constexpr std::uint8_t kDecimalsOfAWidth = 2;
 
-Ref<clsConvert> convert() { return modRDPGlobalValues::ofThisThread().refInsConvert; }
-
 // The two ends of a bracketed text.
 struct Brackets {
   std::int32_t open = 0;
@@ -311,7 +309,7 @@ void clsObSpecialVar::readNumber(TextView number) {
 }
 
 void clsObSpecialVar::reportUnknownAttribute(TextView attribute) {
-  const Ref<clsMessage> messages = modRDPGlobalValues::ofThisThread().refInsMessage;
+  const Ref<clsMessage> messages = services_.refInsMessage;
   messages->sShowMessageWithTitle(u"No se encontró el tipo de atributo " + Text(attribute) +
                                       u" en la línea " + names().readText,
                                   u"Impresión de Plantilla");

@@ -6,7 +6,6 @@
 // is kept in capitals, in whichever case it was written.
 #include "frame/borrowed.h"
 #include "frame/checked.h"
-#include "frame/modRDPGlobalValues.h"
 #include "printer/clsUtilImp.h"
 #include "template/clsObSpecialVar.h"
 
@@ -40,17 +39,17 @@ void clsObSpecialVar::fDoSpecialSeparationString(TextView text, Text& result) tr
 
 void clsObSpecialVar::fGetCharsFromSpecialSeparationString(std::int16_t gap,
                                                            PatternTexts& texts) try {
-  const Ref<clsTexto> texto = modRDPGlobalValues::ofThisThread().refInsTexto;
+  const Ref<clsTexto> service = texto();
   const Ref<VariableNames> held = names_;
-  texto->fSplit(held->specialSeparationString, u"-", texts.elements);
+  service->fSplit(held->specialSeparationString, u"-", texts.elements);
   if (texts.elements.empty()) throw RunTimeError(kSubscriptOutOfRange);
   const Text& element = texts.elements[static_cast<std::size_t>(gap - 1) % texts.elements.size()];
   if (element.size() <= 1) {
     fConvierteBCEnImprimible(element, texts.separation);
     return;
   }
-  setCodesApart(*texto, element, texts.code, texts.element);
-  texto->fSplit(texts.element, kCodeEnd, texts.codes);
+  setCodesApart(*service, element, texts.code, texts.element);
+  service->fSplit(texts.element, kCodeEnd, texts.codes);
   texts.separation.clear();
   for (const Text& code : texts.codes) {
     fConvierteBCEnImprimible(code, texts.code);
@@ -62,18 +61,15 @@ void clsObSpecialVar::fGetCharsFromSpecialSeparationString(std::int16_t gap,
 
 // An empty code is no blank.
 void clsObSpecialVar::fConvierteBCEnImprimible(TextView code, Text& result) try {
-  const modRDPGlobalValues& services = modRDPGlobalValues::ofThisThread();
   result.clear();
   if (code.empty()) return;
   std::int16_t count = 1;
   if (code.size() > 1) {
-    const Ref<clsConvert> convert = services.refInsConvert;
-    count = convert->fTextToInteger(code.substr(0, code.size() - 1));
+    count = convert()->fTextToInteger(code.substr(0, code.size() - 1));
   }
-  const Ref<clsTexto> texto = services.refInsTexto;
-  texto->fRepeat(u" ", count, result);
+  texto()->fRepeat(u" ", count, result);
   if (code.back() != u'C') return;
-  const Ref<clsUtilImp> printer = services.refInsImp;
+  const Ref<clsUtilImp> printer = services_.refInsImp;
   result.insert(0, printer->GetChrCondensed());
   result += printer->GetChrNormal();
 } catch (...) {

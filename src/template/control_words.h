@@ -5,6 +5,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 
 #include "frame/text.h"
@@ -34,6 +35,7 @@ enum class Control : std::uint8_t {
   kInitUnderline,
   kEndUnderline,
 };
+inline constexpr std::size_t kControls = static_cast<std::size_t>(Control::kEndUnderline) + 1;
 
 struct ControlWord {
   Control control;

@@ -40,34 +40,42 @@ bool LineTranslator::takeComment(clsObLineCharacts& line, TextView templateLine)
   return true;
 }
 
+inline void LineTranslator::askSource(Ref<clsObLineCharacts>& line, VariableSource& source) {
+  if (source.answer(line)) return;
+  source.setText(*line, kNotFound);
+  source.notFound(*line);
+}
+
 void LineTranslator::resolveVariables(Ref<clsObLineCharacts>& line, VariableSource& source) {
-  Ref<clsObLineCharacts> current = line;
+  Ref<clsObLineCharacts> held = line;
+  clsObLineCharacts* current = &*held;
   for (std::int16_t count = 0; current->holdsVariable();
        count = checkedAdd(count, std::int16_t{1})) {
     current->extractNextVariable();
-    if (current->isKnownToBeClients() || !giveLibrarysValue(*current)) askSource(line, source);
-    if (current.get() != line.get()) current = line;  // the source has put another one there
+    if (current->isKnownToBeClients() || !giveLibrarysValue(*current, source)) {
+      askSource(line, source);
+    }
+    if (current != line.get()) {  // the source has put another one there
+      held = line;
+      current = &*held;
+    }
     current->sFormatSpecialVar();
     current->sReplaceVarInTextToWrite();
   }
 }
 
 // False: the variable is neither a control word nor a constant.
-bool LineTranslator::giveLibrarysValue(clsObLineCharacts& line) {
+bool LineTranslator::giveLibrarysValue(clsObLineCharacts& line, VariableSource& source) {
   Borrowed<Text> content(content_);
   const Ref<clsObSpecialVar> variable = line.GetSpecialVar();
-  if (!line.applyControlWord(*content)) {
+  const Text* value = line.applyControlWord(*content);
+  if (value == nullptr) {
     if (!variable->GetFieldName().starts_with(kFreeMark)) return false;
     TextParts()->fPart(variable->GetFieldName(), 2, kLongestConstant, *content);
+    value = &*content;
   }
-  variable->SetContentString(*content);
+  source.setText(line, *value);
   return true;
-}
-
-void LineTranslator::askSource(Ref<clsObLineCharacts>& line, VariableSource& source) {
-  if (source.answer(line)) return;
-  line->GetSpecialVar()->SetContentString(kNotFound);
-  source.notFound(*line);
 }
 
 // Null: the line is to be taken as it comes, for the text service is asked about every step of it,

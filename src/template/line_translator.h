@@ -26,6 +26,12 @@ class VariableSource {
   // Called after a False, when the variable has "No se encontró" for its value.
   virtual void notFound(clsObLineCharacts&) {}
 
+  // Gives the line's variable a text that the library has for it: what a control word sends, a
+  // constant, "No se encontró".
+  virtual void setText(clsObLineCharacts& line, TextView text) {
+    line.GetSpecialVar()->SetContentString(text);
+  }
+
  protected:
   ~VariableSource() = default;
 };
@@ -48,7 +54,7 @@ class LineTranslator {
   Ref<TemplateLine> findOrMake(TextView text);
   bool takeComment(clsObLineCharacts& line, TextView templateLine);
   void resolveVariables(Ref<clsObLineCharacts>& line, VariableSource& source);
-  bool giveLibrarysValue(clsObLineCharacts& line);
+  bool giveLibrarysValue(clsObLineCharacts& line, VariableSource& source);
   void askSource(Ref<clsObLineCharacts>& line, VariableSource& source);
 
   TextMap<Ref<TemplateLine>> lines_;

@@ -553,7 +553,7 @@ TEST_F(AttributesTest, WithoutQlrAndWithoutAMessageItEndsInAnOverflow) {
 }
 
 // An operator who looks at the memory in use at two of the messages, and fails at the second.
-class PatientOperator final : public clsMessage {
+class PatientOperator final : public ForwardingMessage {
  public:
   static constexpr int kFirst = 1000;
   static constexpr int kLast = 50000;
@@ -568,11 +568,6 @@ class PatientOperator final : public clsMessage {
     atLast = mallinfo2().uordblks;
     throw RunTimeError(4711);
   }
-  void sShowMessage(Text&) override {}
-  void sWarning(Text&) override {}
-  void sWarningWithTitle(TextView, TextView) override {}
-  bool fAskAcceptCancel(TextView, TextView) override { return true; }
-  bool fWarnLocation(TextView, std::int16_t) override { return true; }
 
  private:
   int shown_ = 0;

@@ -2,6 +2,7 @@
 // which values count as empty.
 #include <array>
 
+#include "equipment/forwarding_services.h"
 #include "equipment/show_arguments.h"
 #include "template/template_test.h"
 
@@ -307,13 +308,9 @@ TEST_F(ArrayContent, KeepsAnAlignmentThatWasRead) {
 // --- Empty values.
 
 // A date service for which every date is of one year.
-class OneYear final : public clsUtilDate {
+class OneYear final : public ForwardingDate {
  public:
   explicit OneYear(std::int16_t year) : year_(year) {}
-  Date fToday() override { return {}; }
-  void fTimeText(Text&) override {}
-  void fFormatDate(Date, TextView, Text&) override {}
-  void fDefaultDateText(Date, Text&) override {}
   std::int16_t fYear(Date) override { return year_; }
 
  private:

@@ -1,6 +1,7 @@
 // The separator pattern: which blanks stand between which characters of a value.
 #include <optional>
 
+#include "equipment/forwarding_services.h"
 #include "template/template_test.h"
 
 namespace tarvo::test {
@@ -193,25 +194,9 @@ TEST_F(Pattern, OfCondensedBlanksNeedsThePrinter) {
 }
 
 // A text service that splits every text into nothing.
-class NoItems final : public clsTexto {
+class NoItems final : public ForwardingTexto {
  public:
-  std::int32_t fPosition(TextView, TextView, std::int32_t) override { return 0; }
-  void fPart(TextView, std::int32_t, std::int32_t, Text&) override {}
-  std::int32_t fLength(TextView) override { return 0; }
-  void fTrim(TextView, Text&) override {}
-  void fReplaceAll(TextView, TextView, TextView, Text&) override {}
   void fSplit(TextView, TextView, TextList& result) override { result.clear(); }
-  void fDelete(TextView, std::int32_t, std::int32_t, Text&) override {}
-  void fInsert(TextView, TextView, std::int32_t, Text&) override {}
-  void fStrip(TextView, TextView, Text&) override {}
-  void fRepeat(TextView, std::int32_t, Text&) override {}
-  void fAlignLeft(TextView, std::int32_t, Text&) override {}
-  void fAlignRight(TextView, std::int32_t, Text&) override {}
-  void fAlignCenter(TextView, std::int32_t, Text&) override {}
-  void fPadOrCut(TextView, std::int32_t, TextView, Text&) override {}
-  void fLeftMargin(TextView, std::uint8_t, Text&) override {}
-  void fFitToWidth(TextView, std::uint8_t, Text&) override {}
-  bool fHolds(TextView, TextView) override { return false; }
 };
 
 TEST_F(Pattern, WithoutElementsIsError9) {

@@ -1,6 +1,7 @@
 // Reading a text that was read before: nobody is asked again, and nobody sees a difference.
 #include <functional>
 
+#include "equipment/forwarding_services.h"
 #include "template/parse_test.h"
 
 namespace tarvo::test {
@@ -117,7 +118,7 @@ TEST_F(ReadingAgain, KeepsNoTextPastItsLongest) {
 }
 
 // A message in whose course a program reads something else with the same variable.
-class BusyOperator final : public clsMessage {
+class BusyOperator final : public ForwardingMessage {
  public:
   BusyOperator(clsObSpecialVar& reader, TextView line) : reader_(reader), line_(line) {}
 
@@ -127,11 +128,6 @@ class BusyOperator final : public clsMessage {
     ++shown;
     reader_.sExtract(line_);
   }
-  void sShowMessage(Text&) override {}
-  void sWarning(Text&) override {}
-  void sWarningWithTitle(TextView, TextView) override {}
-  bool fAskAcceptCancel(TextView, TextView) override { return true; }
-  bool fWarnLocation(TextView, std::int16_t) override { return true; }
 
  private:
   clsObSpecialVar& reader_;

@@ -14,8 +14,6 @@
 #include "equipment/show_arguments.h"
 #include "frame/modRDPGlobalValues.h"
 #include "printer/clsUtilImp.h"
-#include "services/clsConvert.h"
-#include "services/clsUtilDate.h"
 #include "services/clsUtilMathOperations.h"
 #include "template/asked_services.h"
 #include "template/line_dump.h"
@@ -77,32 +75,47 @@ class RecordingSource final : public VariableSource {
   int calls_ = 0;
 };
 
-// An operator before whom something happens whenever a message is shown.
-class OperatorWhoActs final : public clsMessage {
+// An operator before whom, and services before which, something happens.
+using Happening = std::function<void()>;
+
+class OperatorWhoActs final : public ForwardingMessage {
  public:
-  using Action = std::function<void()>;
-  OperatorWhoActs(Ref<clsMessage> next, const Action& action)
-      : next_(std::move(next)), action_(action) {}
+  OperatorWhoActs(Ref<clsMessage> next, const Happening& action)
+      : ForwardingMessage(std::move(next)), action_(action) {}
 
   void sShowMessageWithTitle(TextView valText, TextView valTitle) override {
-    next_->sShowMessageWithTitle(valText, valTitle);
+    ForwardingMessage::sShowMessageWithTitle(valText, valTitle);
     if (action_) action_();
-  }
-  void sShowMessage(Text& refText) override { next_->sShowMessage(refText); }
-  void sWarning(Text& refText) override { next_->sWarning(refText); }
-  void sWarningWithTitle(TextView valText, TextView valTitle) override {
-    next_->sWarningWithTitle(valText, valTitle);
-  }
-  bool fAskAcceptCancel(TextView valText, TextView valTitle) override {
-    return next_->fAskAcceptCancel(valText, valTitle);
-  }
-  bool fWarnLocation(TextView valProjectTitle, std::int16_t valLocationCode) override {
-    return next_->fWarnLocation(valProjectTitle, valLocationCode);
   }
 
  private:
-  Ref<clsMessage> next_;
-  const Action& action_;
+  const Happening& action_;
+};
+
+class ConvertThatActs final : public ForwardingConvert {
+ public:
+  explicit ConvertThatActs(const Happening& action) : action_(action) {}
+
+ private:
+  clsConvert& next() override {
+    if (action_) action_();
+    return ForwardingConvert::next();
+  }
+
+  const Happening& action_;
+};
+
+class DateThatActs final : public ForwardingDate {
+ public:
+  explicit DateThatActs(const Happening& action) : action_(action) {}
+
+ private:
+  clsUtilDate& next() override {
+    if (action_) action_();
+    return ForwardingDate::next();
+  }
+
+  const Happening& action_;
 };
 
 class TranslationWorld {
@@ -118,14 +131,12 @@ class TranslationWorld {
     prepareLines();
   }
 
-  // From the next translation on.  A date service that may be bypassed goes with the text service.
+  // From the next translation on.
   void use(TextService service) {
     if (service == kAsked) {
       texto = askedTexto;
-      dates = recordingDate;
     } else {
       texto = make<LibTarvoCI::clsTexto>();
-      dates = make<LibTarvoCI::clsUtilDate>();
     }
   }
 
@@ -159,6 +170,11 @@ class TranslationWorld {
     services.refInsImp = printer;
   }
 
+  // What happens before the operator, or a service, answers.
+  Happening atEachMessage;
+  Happening atEachConversion;
+  Happening atEachDate;
+
   CallLog seen;        // what the source, the operator and the error service are told
   CallLog otherCalls;  // of the conversion, the date and the math service
   Ref<RecordingError> error = make<RecordingError>(seen);
@@ -166,10 +182,8 @@ class TranslationWorld {
   Ref<AskedTexto> askedTexto = make<AskedTexto>();
   Ref<clsTexto> texto;
   Ref<RecordingConvert> convert =
-      make<RecordingConvert>(otherCalls, make<LibTarvoCI::clsConvert>());
-  Ref<RecordingDate> recordingDate =
-      make<RecordingDate>(otherCalls, make<LibTarvoCI::clsUtilDate>());
-  Ref<clsUtilDate> dates;
+      make<RecordingConvert>(otherCalls, make<ConvertThatActs>(atEachConversion));
+  Ref<RecordingDate> dates = make<RecordingDate>(otherCalls, make<DateThatActs>(atEachDate));
   Ref<RecordingMath> math =
       make<RecordingMath>(otherCalls, make<LibTarvoCI::clsUtilMathOperations>());
   Ref<clsUtilImp> printer = make<clsUtilImp>();
@@ -177,7 +191,6 @@ class TranslationWorld {
   LineTranslator translator;
   Ref<clsObLineCharacts> line;   // the engine's
   Ref<clsObLineCharacts> other;  // one that a source may use
-  std::function<void()> atEachMessage;
 
  private:
   void prepareLines() {
