@@ -1,7 +1,7 @@
 #!/bin/sh
 # Instructions of one line, which unlike nanoseconds are the same on every run.
 #
-#   instructions.sh PROGRAM KIND...
+#   [N=COUNT] instructions.sh PROGRAM KIND...
 #
 # The program makes each kind of line N and 2N times under callgrind; what the second N cost, divided by N,
 # is the cost of one, with the start of the program left out.
@@ -9,7 +9,7 @@ set -eu
 program=$1
 shift
 command -v valgrind >/dev/null || { echo "instructions: valgrind is not installed" >&2; exit 1; }
-n=20000
+n=${N:-20000}
 
 # collected KIND COUNT: the instructions of one run
 collected() {

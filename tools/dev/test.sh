@@ -80,7 +80,7 @@ conclude() {
 }
 
 need native checks
-want windows wine spooler ui
+want windows wine spooler ui pages
 mkdir -p $logs
 : >$tally
 
