@@ -6,15 +6,21 @@
 #include "frame/clsImplementIDTraduc_members.h"
 #include "frame/clsInitLibTarvoRpd_members.h"
 #include "frame/enums_members.h"
+#include "graphic/clsARObRep_members.h"
 #include "printer/clsUtilImp_members.h"
 #include "reports/clsBody_members.h"
+#include "reports/clsObRepMasterDetail_members.h"
+#include "reports/clsObRepPlanilla_members.h"
 #include "template/clsObLineCharacts_members.h"
 #include "template/clsObSpecialVar_members.h"
+#include "ui/clsEnumPrint_members.h"
 #include "ui/clsLibTarvoRdp_members.h"
 
 namespace tarvo {
 
-using PublicClasses = ClassList<clsInitLibTarvoRpd, clsUtilImp, clsObSpecialVar, clsObLineCharacts,
-                                clsImplementIDTraduc, clsImplementIDMD, clsBody, clsLibTarvoRdp>;
+using PublicClasses =
+    ClassList<clsInitLibTarvoRpd, clsUtilImp, clsObSpecialVar, clsObLineCharacts,
+              clsImplementIDTraduc, clsImplementIDMD, clsBody, clsLibTarvoRdp, clsObRepPlanilla,
+              clsObRepMasterDetail, clsARObRep, clsEnumPrint>;
 
 }  // namespace tarvo

@@ -20,4 +20,6 @@ const Text& clsBody::line(std::size_t index) const {
   return text != nullptr ? *text : kNever;
 }
 
+void clsBody::SetCharacterToTheLeftSide(TextView valNewValue) { character_ = valNewValue; }
+
 }  // namespace tarvo

@@ -60,7 +60,7 @@ class clsBody final : public Object {
     usesCharacter_ = valNewValue;
   }
   const Text& GetCharacterToTheLeftSide() const noexcept { return character_; }
-  void SetCharacterToTheLeftSide(TextView valNewValue) { character_ = valNewValue; }
+  void SetCharacterToTheLeftSide(TextView valNewValue);
 
   // The detail record that is being printed, counted from 1.
   std::int16_t GetRecordNumberToPrint() const noexcept { return recordNumber_; }

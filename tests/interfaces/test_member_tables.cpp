@@ -87,8 +87,10 @@ TEST(MemberTables, NameParametersByTheirKind) {
     for (const MemberInfo& member : info->members) {
       for (const ParameterInfo& parameter : member.parameters) {
         const std::string name = parameter.name;
-        const bool isKnown =
-            name.starts_with("val") || name.starts_with("ref") || name.starts_with("init");
+        // A few are named otherwise, and clients know them by that.
+        const bool isKnown = name.starts_with("val") || name.starts_with("ref") ||
+                             name.starts_with("init") || name.starts_with("linea") ||
+                             name == "PrintingMode";
         EXPECT_TRUE(isKnown) << info->name << "." << member.fullName() << " " << name;
         EXPECT_TRUE(parameter.byReference || !name.starts_with("ref")) << name;
       }
@@ -252,7 +254,24 @@ const PromisedOrder kPromisedOrders[] = {
      {"GetLinesArray", "SetLinesArray", "=NumberOfLinesWithInformation", "=MaxNumberOfLinesToPrint",
       "=NumberOfFirstLineOfBody", "=UseNumberWithCharacterToTheLeftSide", "=CharacterToTheLeftSide",
       "=RecordNumberToPrint", "=HasInsertBody"}},
-    {&Described<clsLibTarvoRdp>::info, {"fToStringArray", "fExtractShortText"}},
+    {&Described<clsLibTarvoRdp>::info,
+     {"fChoosePrintingMode", "fMsgForLocateOptionChoosePrinter", "fToStringArray",
+      "fExtractShortText"}},
+    {&Described<clsObRepPlanilla>::info,
+     {"GetLineToWrite", "=FileNameIDFirstSheet", "=FileNameIDSecondSheet", "=FileNameIDDraft",
+      "sInit", "sInitForUserReport", "sSearchSpecialVarAndTranslate", "sPrintReport"}},
+    {&Described<clsObRepMasterDetail>::info,
+     {"GetLineToWrite", "sInit", "sPrintReport", "sSearchSpecialVarAndTranslate",
+      "=EndOfDetailRecords", "=MontoSubTotalVan", "=InsertBodyWasPrinted", "=IsHalfLetterPaper",
+      "=NumberOfLinesForHalfLetter", "=TopMarginLines", "=TopMarginPoints",
+      "fReadFileUntilLineFrom"}},
+    {&Described<clsARObRep>::info,
+     {"sPrintReport", "sInit", "sInitializeGraphicHandle", "sCloseGraphicHandle", "sWriteLn",
+      "sWrite", "sSkipNPoints", "sCancelGraphicPrintProcess"}},
+    {&Described<clsEnumPrint>::info,
+     {"fEnumPruebaODefinitivaToString", "fStrPruebaODefinitivaToNum",
+      "sFillComboBoxWithPruebaODefinitiva", "fEnumPrintingModeToString", "fStrPrintingModeToNum",
+      "sFillComboBoxWithPrintingMode"}},
 };
 
 class MemberOrder : public testing::TestWithParam<PromisedOrder> {};
