@@ -2,6 +2,7 @@
 
 #include "frame/checked.h"
 #include "template/text_parts.h"
+#include "ui/frmChoosePrintingMode.h"
 
 namespace tarvo {
 namespace {
@@ -37,12 +38,31 @@ void goOnToNextSegment(clsObSpecialVar& variable) {
 
 }  // namespace
 
-clsLibTarvoRdp::clsLibTarvoRdp() = default;
+clsLibTarvoRdp::clsLibTarvoRdp() : clsLibTarvoRdp(&platform::makePrintingModeWindow) {}
+clsLibTarvoRdp::clsLibTarvoRdp(PrintingModeWindowMaker makeWindow) : makeWindow_(makeWindow) {}
 clsLibTarvoRdp::~clsLibTarvoRdp() = default;
 
 const ErrorIdentity& clsLibTarvoRdp::errorIdentity() const noexcept {
   static constexpr ErrorIdentity kIdentity{u"clsLibTarvoRdp", u"clsLibTarvoRdp"};
   return kIdentity;
+}
+
+bool clsLibTarvoRdp::fChoosePrintingMode(ePrintingMode& refPrintingMode) try {
+  refPrintingMode = ePM_Graphic;
+  const auto form = make<frmChoosePrintingMode>(makeWindow_());
+  form->showModal();
+  if (form->GetPrintInTextMode()) refPrintingMode = ePM_Text;
+  return form->GetPrintInTextMode() || form->GetPrintInGraphMode();
+} catch (...) {
+  trap("fChoosePrintinMode");
+}
+
+Text clsLibTarvoRdp::fMsgForLocateOptionChoosePrinter() {
+  return u"\r\nPara accesar a la opción de Escoger Impresora, debe dirigirse al menú T, "
+         u"seleccionar "
+         u"la opción 'Configuración de Impresión', una vez allí presione el botón 'Impresión "
+         u"Texto' "
+         u"y ubíquese en la pestaña 'Escoger Impresora'";
 }
 
 Value clsLibTarvoRdp::fToStringArray(TextView valText, std::int16_t valRowCount,

@@ -1,4 +1,5 @@
-// Helpers for clients that print long texts on lines of a fixed width.
+// Helpers for clients: the operator's choice of the printing mode, and long texts on lines of a
+// fixed width.
 //
 // A short text is an array of the text's lines.  A template prints it on a repeated line, one
 // segment of words per pass; the client calls fExtractShortText for it, and what is kept between
@@ -6,24 +7,38 @@
 //
 // Counts are 16-bit: leaving them is error 6.
 //
-// Errors: the operations follow the convention of trapped.h.
+// Errors: the operations follow the convention of trapped.h; fChoosePrintingMode reports itself as
+// "fChoosePrintinMode", as clients know it.
 //
 // Threads: the client's.
 #pragma once
 
 #include <cstdint>
 
+#include "frame/enums.h"
 #include "frame/text.h"
 #include "frame/trapped.h"
 #include "frame/value.h"
 #include "template/clsObSpecialVar.h"
+#include "ui/printing_mode_window.h"
 
 namespace tarvo {
 
 class clsLibTarvoRdp final : public TrappedObject {
  public:
   clsLibTarvoRdp();
+  // With windows of the program's own in place of the platform's.
+  explicit clsLibTarvoRdp(PrintingModeWindowMaker makeWindow);
   ~clsLibTarvoRdp() override;
+
+  // Lets the operator choose between graphic and text printing, in a modal form
+  // (frmChoosePrintingMode.h).  False when the form was cancelled or closed.
+  //   refPrintingMode  ePM_Graphic unless text printing was chosen, an error notwithstanding
+  // Raises: what the form's event procedures raise; what the window raises.
+  bool fChoosePrintingMode(ePrintingMode& refPrintingMode);
+
+  // Where the operator chooses the printer: a line end, and the sentence.
+  Text fMsgForLocateOptionChoosePrinter();
 
   // The text cut into rows of a fixed length, words or not: an array of that many texts, empty ones
   // past the text's end, and one element more that has no value.  A row of length 0 is empty.
@@ -54,6 +69,8 @@ class clsLibTarvoRdp final : public TrappedObject {
   std::int16_t fMinInt(std::int16_t a, std::int16_t b);
   void sAddTextIfPossible(const ValueArray& lines, Text& text, std::int16_t& index,
                           std::int16_t limit);
+
+  PrintingModeWindowMaker makeWindow_;
 };
 
 }  // namespace tarvo

@@ -298,12 +298,6 @@ HRESULT reportWrongArgument(HRESULT coercion, const char* parameter, EXCEPINFO* 
   return DISP_E_EXCEPTION;
 }
 
-HRESULT reportFailure(HRESULT status, EXCEPINFO* exception) {
-  if (exception == nullptr) return status;
-  takeErrorObject(status, *exception);
-  return DISP_E_EXCEPTION;
-}
-
 }  // namespace
 
 VARTYPE varTypeOf(const TypeInfo& type) noexcept {
@@ -375,7 +369,7 @@ HRESULT STDMETHODCALLTYPE faceInvoke(Face* face, DISPID member, REFIID id, LCID 
   if (call.wrongParameter() != nullptr) {
     return reportWrongArgument(status, call.wrongParameter(), exception);
   }
-  return FAILED(status) ? reportFailure(status, exception) : S_OK;
+  return FAILED(status) ? reportException(status, exception) : S_OK;
 }
 
 }  // namespace tarvo::com

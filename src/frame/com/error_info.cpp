@@ -110,6 +110,12 @@ void takeErrorObject(HRESULT status, EXCEPINFO& exception) noexcept {
   info->GetHelpContext(&exception.dwHelpContext);
 }
 
+HRESULT reportException(HRESULT status, EXCEPINFO* exception) noexcept {
+  if (exception == nullptr) return status;
+  takeErrorObject(status, *exception);
+  return DISP_E_EXCEPTION;
+}
+
 void raiseForeignError(HRESULT status, EXCEPINFO* exception) {
   EXCEPINFO own{};
   EXCEPINFO& info = exception != nullptr ? *exception : own;

@@ -17,6 +17,10 @@ HRESULT statusOfCurrentException(const IID& interfaceId) noexcept;
 // caller's to free.
 void takeErrorObject(HRESULT status, EXCEPINFO& exception) noexcept;
 
+// What a dispatch interface answers for a call that ended in that status and left an error object:
+// the error goes into `exception` where the caller wants one.
+HRESULT reportException(HRESULT status, EXCEPINFO* exception) noexcept;
+
 // Raises the run-time error that a foreign object's failing call stands for: what `exception` says
 // where the object filled it, else what the thread's error object says.  Frees what `exception`
 // holds.

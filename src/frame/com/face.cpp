@@ -16,7 +16,7 @@ GUID platformGuid(const Guid& guid) noexcept {
 
 Face::Face(const ComClass& itsClass, Object& itsObject)
     : vtable(itsClass.vtable), comClass(itsClass), object(&itsObject) {
-  itsObject.setFace(this);
+  itsObject.setFace(unknown());
   lockServer();
 }
 
@@ -26,7 +26,7 @@ Face::~Face() {
 }
 
 Face* faceOf(const ComClass& comClass, Object& object) {
-  auto* face = static_cast<Face*>(object.face());
+  auto* face = reinterpret_cast<Face*>(static_cast<IUnknown*>(object.face()));
   if (face == nullptr) face = new Face(comClass, object);
   faceAddRef(face);
   return face;

@@ -1,5 +1,6 @@
 // Objects across the border: our own come and go with their faces, foreign ones as proxies.
 #include "frame/com/convert.h"
+#include "frame/com/late_object_face.h"
 #include "frame/com/outside_object.h"
 #include "frame/com/server.h"
 
@@ -23,7 +24,10 @@ IUnknown* preferredInterface(IUnknown* unknown, const ClassInfo* objectClass) {
 
 Ref<Object> objectFromUnknown(IUnknown* unknown, const ClassInfo* objectClass) {
   if (unknown == nullptr) return {};
-  if (objectClass == nullptr) return makeLateObject(unknown);
+  if (objectClass == nullptr) {
+    Ref<Object> own = objectOfLateFace(unknown);
+    return own ? own : makeLateObject(unknown);
+  }
   if (const Face* face = ownFace(unknown, *objectClass); face != nullptr) return face->object;
   const auto makeProxy = serverDescription().makeProxy;
   Ref<Object> proxy = makeProxy != nullptr ? makeProxy(unknown, *objectClass) : Ref<Object>();
@@ -36,10 +40,11 @@ IUnknown* unknownFromObject(Object* object, const ClassInfo* objectClass) {
   if (const auto* outside = dynamic_cast<const OutsideObject*>(object); outside != nullptr) {
     return preferredInterface(outside->unknown(), objectClass);
   }
-  if (auto* face = static_cast<Face*>(object->face()); face != nullptr) {
-    faceAddRef(face);
-    return face->unknown();
+  if (auto* face = static_cast<IUnknown*>(object->face()); face != nullptr) {
+    face->AddRef();
+    return face;
   }
+  if (auto* late = dynamic_cast<LateObject*>(object); late != nullptr) return lateFaceOf(*late);
   const ComClass* comClass = objectClass != nullptr ? findClass(*objectClass) : nullptr;
   if (comClass == nullptr) throw RunTimeError(kTypeMismatch);
   return faceOf(*comClass, *object)->unknown();
@@ -50,8 +55,8 @@ bool isSameObject(IUnknown* unknown, const Object* object) {
   if (const auto* outside = dynamic_cast<const OutsideObject*>(object); outside != nullptr) {
     return haveSameIdentity(unknown, outside->unknown());
   }
-  auto* face = static_cast<Face*>(object->face());
-  return face != nullptr && haveSameIdentity(unknown, face->unknown());
+  auto* face = static_cast<IUnknown*>(object->face());
+  return face != nullptr && haveSameIdentity(unknown, face);
 }
 
 }  // namespace tarvo::com
