@@ -13,7 +13,8 @@
 // Errors: every operation but the properties follows the convention of trapped.h.  What the
 // operator has to know (no printer, no text mode, no template) is a message and no error: nothing,
 // or one sheet less, is printed.  An error in the middle of a sheet leaves its job open, for the
-// client to give up (clsUtilImp::sCancelPrintProcess) or to forget.
+// client to give up (clsUtilImp::sCancelPrintProcess) or to forget; of a draft, what was collected
+// goes with the next sheet.
 //
 // Threads: the client's.  One report at a time.
 #pragma once

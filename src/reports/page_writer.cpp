@@ -77,16 +77,19 @@ void PageWriter::sOBWrite(TextView text) try {
 }
 
 void PageWriter::sWriteLineNoSkipPage(TextView text) try {
-  if (linesArePrinted()) {
-    if (text.size() > kMostCharacters) warnOfLongLine();
-    sendLine(text);
-    countLine();
-    linePrinted_ = true;
-  } else {
-    countLine();
-  }
+  if (!linesArePrinted()) return countLine();
+  if (text.size() <= kMostCharacters) return printLine(text);
+  const Text kept(text);  // the warning may lead back to the line object, whose text it is
+  warnOfLongLine();
+  printLine(kept);
 } catch (...) {
   trap("sWriteLineNoSkipPage");
+}
+
+void PageWriter::printLine(TextView text) {
+  sendLine(text);
+  countLine();
+  linePrinted_ = true;
 }
 
 void PageWriter::sOBWriteNoSkipPage(TextView text) try {

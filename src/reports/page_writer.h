@@ -151,6 +151,7 @@ class PageWriter : public TrappedObject {
   bool linesArePrinted() const noexcept { return page_ <= lastPage_ || page_ >= firstPage_; }
   void countLine();
   void warnOfLongLine() const;
+  void printLine(TextView text);
   void sendLine(TextView text);
   template <class Send>
   void breakPageAndSend(TextView text, Send send);

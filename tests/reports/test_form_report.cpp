@@ -112,11 +112,71 @@ TEST_F(FormReport, WithoutInitPrintingAgainPrintsTheSameSheets) {
   EXPECT_EQ(world.jobsText(), std::string(kFirstSheet) + kFirstSheet);
 }
 
-TEST_F(FormReport, AfterADraftTheTextModeIsNotLookedAtAgain) {
+TEST_F(FormReport, ADefinitiveFormAfterADraftLooksAtTheTextModeAgain) {
+  world.printer->SetCanPrintInTextMode(false);
   init(ePOD_Borrador);
   form->sPrintReport();
-  EXPECT_EQ(world.pageCalls.linesOf("show").size(), 1u);
+  form->sPrintReport();
+  EXPECT_EQ(world.pageCalls.linesOf("show").size(), 2u);
+  init(ePOD_Definitiva);
+  form->sPrintReport();
+  EXPECT_EQ(world.pageCalls.linesOf("show").size(), 2u);
+  EXPECT_EQ(world.calls.linesOf("clsMessage").size(), 1u) << "no text mode";
   EXPECT_THAT(world.spoolerCalls.lines(), IsEmpty());
+}
+
+TEST_F(FormReport, LinesAreCountedOnOverTheSheets) {
+  world.files->write(u"F/ANVERSO.ID", std::string(200, '\n'));
+  world.files->write(u"F/REVERSO.ID", std::string(54, '\n'));
+  init(ePOD_Definitiva, eHP_AmbasHojas);
+  form->sPrintReport();
+  world.files->write(u"F/REVERSO.ID", std::string(55, '\n'));
+  init(ePOD_Definitiva, eHP_AmbasHojas);
+  EXPECT_EQ(errorNumberOf([&] { form->sPrintReport(); }), kOverflow);
+  EXPECT_TRUE(world.error->trail().ends_with(
+      "sWriteReport sWriteSecondSheet sWritePlanillaDefinitiva sPrintReport"));
+}
+
+TEST_F(FormReport, InitTakesItsStepsInOrder) {
+  init();
+  form->sPrintReport();
+  world.files->write(u"G/ANVERSO.ID", "de G\n");
+  world.clock->fault.raiseAt(1, kTypeMismatch);
+  EXPECT_EQ(errorNumberOf([&] {
+              form->sInit(callbacks, u"Otro", u"", u"", u"", u"G/", ePOD_Definitiva,
+                          eHP_PrimeraHoja);
+            }),
+            kTypeMismatch);
+  EXPECT_FALSE(form->GetLineToWrite()) << "dropped before the date is asked for";
+  EXPECT_EQ(form->GetFileNameIDFirstSheet(), u"ANVERSO") << "emptied last";
+  form->sPrintReport();
+  EXPECT_TRUE(world.jobsText().ends_with("[Otro]\n<1B>@<12>de G<0D><0A>\n<12><0C>\n"))
+      << world.jobsText();
+}
+
+// The operator's message may lead to the client's program, which has the line object.
+TEST_F(FormReport, AWarningThatChangesTheLineDoesNotChangeWhatIsPrinted) {
+  class Meddler final : public clsMessage {
+   public:
+    explicit Meddler(clsObRepPlanilla& form) : form_(form) {}
+    void sShowMessage(Text&) override {}
+    void sShowMessageWithTitle(TextView, TextView) override {}
+    void sWarning(Text&) override {
+      form_.GetLineToWrite()->SetTextToWrite(Text(5000, u'y'));
+      form_.GetLineToWrite()->SetTextToWrite(u"y");
+    }
+    void sWarningWithTitle(TextView, TextView) override {}
+    bool fAskAcceptCancel(TextView, TextView) override { return true; }
+    bool fWarnLocation(TextView, std::int16_t) override { return true; }
+
+   private:
+    clsObRepPlanilla& form_;
+  };
+  modRDPGlobalValues::ofThisThread().refInsMessage = make<Meddler>(*form);
+  world.files->write(u"F/ANVERSO.ID", std::string(300, 'x') + "\n");
+  init();
+  form->sPrintReport();
+  EXPECT_EQ(world.spooler->bytes(), "\x1B@\x12" + std::string(300, 'x') + "\r\n\x12\f");
 }
 
 TEST_F(FormReport, ADefinitiveSheetOfATextPrinterTellsThePageOutputNothing) {
@@ -290,7 +350,8 @@ class FormReportFaults : public FormReport {
  protected:
   // Prints with a fault at every nth call in turn until none is reached.
   template <class Arm, class IsPending>
-  void atEveryCall(ePruebaODefinitiva kind, std::int32_t number, Arm arm, IsPending isPending) {
+  void atEveryCall(ePruebaODefinitiva kind, std::int32_t number, Arm arm, IsPending isPending,
+                   int fewest = 4) {
     int faults = 0;
     for (int nth = 1;; ++nth) {
       ASSERT_LT(nth, 500) << "no end of calls";
@@ -310,7 +371,7 @@ class FormReportFaults : public FormReport {
       EXPECT_EQ(world.files->openStreams(), 0) << "call " << nth;
       expectThatTheNextReportPrints(nth);
     }
-    EXPECT_GT(faults, 3) << "the loop reached too few calls to mean anything";
+    EXPECT_GE(faults, fewest) << "the loop reached too few calls to mean anything";
   }
 
   void expectThatTheNextReportPrints(int nth) {
@@ -360,6 +421,54 @@ TEST_F(FormReportFaults, OfTheClient) {
       [&] { return client->fault.isPending(); });
 }
 
+TEST_F(FormReportFaults, OfTheFileService) {
+  atEveryCall(
+      ePOD_Definitiva, kDeviceError,
+      [&](int nth) {
+        nth == 0 ? world.fileService->fault.never()
+                 : world.fileService->fault.raiseAt(nth, kDeviceError);
+      },
+      [&] { return world.fileService->fault.isPending(); }, 2);
+}
+
+TEST_F(FormReportFaults, OfTheMessageService) {
+  world.files->write(u"F/ANVERSO.ID",
+                     std::string(300, 'x') + "\nuno {NOMBRE}\n" + std::string(300, 'x') + "\n");
+  int faults = 0;
+  for (int nth = 1;; ++nth) {
+    init(ePOD_Definitiva, eHP_AmbasHojas);
+    world.message->fault.raiseAt(nth, kTypeMismatch);
+    const std::int32_t raised = errorNumberOf([&] { form->sPrintReport(); });
+    if (world.message->fault.isPending()) break;
+    ++faults;
+    EXPECT_EQ(raised, kTypeMismatch);
+    EXPECT_EQ(world.files->openStreams(), 0);
+  }
+  EXPECT_EQ(faults, 3) << "two warnings and the question";
+}
+
+// What the spooler answers changes nothing, but for opening the printer, which is told.
+TEST_F(FormReportFaults, OfTheSpoolersAnswers) {
+  for (int nth = 1;; ++nth) {
+    ReportWorld fresh;
+    fresh.files->write(u"F/ANVERSO.ID", "uno\n");
+    const Ref<FailingSpooler> failing = make<FailingSpooler>(nth);
+    const auto printer = make<clsUtilImp>(make<RecordingSpooler>(fresh.spoolerCalls, failing));
+    fillReportProfile(*printer);
+    modRDPGlobalValues::ofThisThread().refInsImp = printer;
+    const auto sheet = make<clsObRepPlanilla>(fresh.ports());
+    sheet->sInit(callbacks, u"Recibo", u"", u"", u"", u"F/", ePOD_Definitiva, eHP_PrimeraHoja);
+    sheet->SetFileNameIDFirstSheet(u"ANVERSO");
+    sheet->sPrintReport();
+    if (!failing->hasFailed()) {
+      EXPECT_GT(nth, 10);
+      break;
+    }
+    EXPECT_EQ(fresh.spoolerCalls.linesOf("write").size(), 5u) << "call " << nth;
+    EXPECT_EQ(fresh.calls.linesOf("clsMessage").size(), nth == 1 ? 1u : 0u) << "call " << nth;
+  }
+}
+
 // --- Templates that change while they are read.
 
 TEST_F(FormReport, ATemplateThatVanishesAfterTheQuestionIsError53) {
@@ -396,6 +505,17 @@ TEST_F(FormReport, ALineOfAMegabyteIsPrintedWhole) {
   form->sPrintReport();
   EXPECT_EQ(world.spooler->bytes(), "\x1B@\x12" + std::string(1 << 20, 'x') + "\r\n\x12\f");
   EXPECT_EQ(world.calls.linesOf("clsMessage.sWarning").size(), 1u);
+}
+
+TEST_F(FormReport, LinesMayEndAsOnWindowsAndTheLastOneNotAtAll) {
+  for (const char* bytes : {"uno\r\ndos\r\n", "uno\ndos\n", "uno\r\ndos", "uno\ndos"}) {
+    world.files->write(u"F/ANVERSO.ID", bytes);
+    init();
+    form->sPrintReport();
+    EXPECT_TRUE(
+        world.jobsText().ends_with("[Recibo]\n<1B>@<12>uno<0D><0A>\ndos<0D><0A>\n<12><0C>\n"))
+        << bytes;
+  }
 }
 
 TEST_F(FormReport, ALoneNulIsPrintedAsItIs) {

@@ -84,6 +84,26 @@ TEST_F(PageWriterTest, StartsAtLineOneOfPageOneAndPrintsPages0To9999) {
   EXPECT_EQ(printed([&] { writer.sOBWrite(u"a"); }), "");
 }
 
+TEST_F(PageWriterTest, InitializingPutsEverythingBack) {
+  writer.sSetMargins(9, 9, 9, 9);
+  writer.allowPoints(false);
+  writer.sWriteLine(u"a");
+  goToPage(7);
+  writer.setPageRange(5, 3);
+  writer.initialize();
+  EXPECT_EQ(writer.page(), 1);
+  EXPECT_EQ(writer.line(), 1);
+  EXPECT_FALSE(writer.linePrinted());
+  EXPECT_EQ(printed([&] {
+              writer.sSkipNPoints(1);
+              writer.sOBWrite(u"b");
+              writer.sWriteLine(u"c");
+            }),
+            "<1B>A1<0D><0A>\n<1B>A2bc<0D><0A>");
+  goToPage(4);
+  EXPECT_EQ(printed([&] { writer.sWriteLine(u"d"); }), "d<0D><0A>");
+}
+
 TEST_F(PageWriterTest, HoldsOneLineLessThanThePageLengthAndThenBreaks) {
   const std::string page = printed([&] { writeLines(65); });
   EXPECT_EQ(page.find("<0C>"), std::string::npos);
