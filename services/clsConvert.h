@@ -39,6 +39,8 @@ class clsConvert final : public tarvo::clsConvert {
 
   // The length itself, whatever the code.
   std::int32_t fReportWidth(std::int32_t valLength, std::int16_t valCode) override;
+
+  bool mayBeBypassed() const noexcept override { return true; }
 };
 
 }  // namespace LibTarvoCI

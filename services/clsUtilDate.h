@@ -34,6 +34,8 @@ class clsUtilDate final : public tarvo::clsUtilDate {
 
   std::int16_t fYear(Date valDate) override;
 
+  bool mayBeBypassed() const noexcept override { return true; }
+
  private:
   const tarvo::CivilTime& partsOf(Date date);
 

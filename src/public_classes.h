@@ -18,9 +18,8 @@
 
 namespace tarvo {
 
-using PublicClasses =
-    ClassList<clsInitLibTarvoRpd, clsUtilImp, clsObSpecialVar, clsObLineCharacts,
-              clsImplementIDTraduc, clsImplementIDMD, clsBody, clsLibTarvoRdp, clsObRepPlanilla,
-              clsObRepMasterDetail, clsARObRep, clsEnumPrint>;
+using PublicClasses = ClassList<clsInitLibTarvoRpd, clsUtilImp, clsObSpecialVar, clsObLineCharacts,
+                                clsImplementIDTraduc, clsImplementIDMD, clsBody, clsLibTarvoRdp,
+                                clsObRepPlanilla, clsObRepMasterDetail, clsARObRep, clsEnumPrint>;
 
 }  // namespace tarvo

@@ -21,6 +21,11 @@ class LateObject : public Object {
   // Raises: 438 when the object has no such member; what the member raises.
   virtual Value call(TextView name, std::span<const Value> arguments) = 0;
 
+  // Whether a use of the name that may mean a method or a property, as scripts write both, means
+  // call(); otherwise it means get().
+  // Default: always, for objects whose call() reads properties too, or passes both on.
+  virtual bool hasMethod(TextView /*name*/) { return true; }
+
   // Reads and writes a property; `indexes` are those of an indexed one.
   // Raises: as call().
   virtual Value get(TextView name, std::span<const Value> indexes) = 0;

@@ -153,8 +153,8 @@ class clsTexto : public Object {
   virtual void replaceEach(TextView text, std::span<const Replacement> replacements, Text& result);
 
   // Whether the library may do this service's work itself where that is faster.  True only for a
-  // service that does exactly what stands here and that nobody watches; not an operation of the
-  // core library either.
+  // service that does exactly what stands here and that nobody watches, and the same for as long as
+  // the object lives; not an operation of the core library either.
   virtual bool mayBeBypassed() const noexcept { return false; }
 };
 
@@ -206,6 +206,9 @@ class clsConvert : public Object {
   // characters long; 0 leaves it to the library.  `valCode` is always 3.
   // Stand-in: the length itself, whatever the code.
   virtual std::int32_t fReportWidth(std::int32_t valLength, std::int16_t valCode) = 0;
+
+  // As clsTexto::mayBeBypassed: a call whose result is known already may be left out.
+  virtual bool mayBeBypassed() const noexcept { return false; }
 };
 
 // The date service.  Now is the local time.
@@ -227,6 +230,9 @@ class clsUtilDate : public Object {
 
   // Of the calendar, 100 to 9999.
   virtual std::int16_t fYear(Date valDate) = 0;
+
+  // As clsTexto::mayBeBypassed: a call whose result is known already may be left out.
+  virtual bool mayBeBypassed() const noexcept { return false; }
 };
 
 // The math service.
@@ -235,6 +241,9 @@ class clsUtilMathOperations : public Object {
   // Rounded half away from zero to that many decimals (0 and more).
   // Stand-in: four and more leave the value as it is; 6 when rounding leaves an amount's range.
   virtual Currency fRound(Currency valValue, std::int16_t valDecimals) = 0;
+
+  // As clsTexto::mayBeBypassed: a call whose result is known already may be left out.
+  virtual bool mayBeBypassed() const noexcept { return false; }
 };
 
 // The file service.

@@ -63,12 +63,15 @@ const ErrorIdentity& clsARObRep::errorIdentity() const noexcept {
 
 void clsARObRep::sPrintReport(bool /*valShowMsg*/, bool valShowModeless) try {
   Ref(lines_)->moveFirst();
+  // Of the call's own: a report that is shown may outlast the channel's.
+  const Text title = reportTitle_;
+  const Text printerName = physicalPrinterName_;
   Ref<Object> report = make<PageReport>(output_);
   const bool toPrinter = printingDevice_ == ePD_Printer;
   const bool modal = !valShowModeless;
   if (!fConfigReport(report)) return;
-  reportUtility()->sRunReport(report, toPrinter, reportTitle_, modal, physicalPrinterName_,
-                              printingDevice_, {}, {});
+  reportUtility()->sRunReport(report, toPrinter, title, modal, printerName, printingDevice_, {},
+                              {});
 } catch (...) {
   trap("sPrintReport");
 }
@@ -91,9 +94,11 @@ void clsARObRep::sInitializeGraphicHandle(TextView /*valDocumentName*/) try {
 }
 
 void clsARObRep::sCloseGraphicHandle() try {
+  const Ref<LineTable> lines = lines_;
   sPrintReport(true, false);
-  Ref(lines_)->close();
-  lines_ = nullptr;
+  // While the report is shown the client may have begun the next one, or given this one up.
+  if (lines->isOpen()) lines->close();
+  if (lines_ == lines) lines_ = nullptr;
 } catch (...) {
   trap("sCloseGraphicHandle");
 }
@@ -154,7 +159,8 @@ void clsARObRep::sWriteToGraphicHandle(TextView text) try {
 bool clsARObRep::fConfigReport(Ref<Object>& report) try {
   const Ref<clsUtReport> utility = reportUtility();
   Text layout;
-  utility->fLoadLayout(u"rpxFormDraft", reportTitle_, layout);
+  // A copy: the service may begin another report meanwhile.
+  utility->fLoadLayout(u"rpxFormDraft", Text(reportTitle_), layout);
   if (!utility->fApplyLayout(report, layout)) return false;
   const Ref<Object> detail = namedPartOf(report, u"Sections", kDetail);
   const Ref<Object> data = namedPartOf(detail, u"Controls", u"dcOrigenData");

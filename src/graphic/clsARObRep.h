@@ -55,7 +55,8 @@ class clsARObRep final : public TrappedObject {
   // Starts a new, empty table in the place of the present one.  The name is not used.
   void sInitializeGraphicHandle(TextView valDocumentName);
 
-  // Produces the report, modally, then closes the table and lets go of it.
+  // Produces the report, modally, then closes its table, if that is still open, and lets go of it.
+  // A report that the client begins on this channel while this one is shown is left alone.
   void sCloseGraphicHandle();
 
   // Adds a row: the margin's blanks and the text.

@@ -22,7 +22,8 @@ inline constexpr std::int32_t kPrinterError = 482;
 class PageOutput : public Object {
  public:
   // Shows the pages to the operator, under the title.  `modal`: the call ends when the operator has
-  // closed them.  Where nothing can be shown they are saved (see save) with an empty printer name.
+  // closed them.  Where nothing can be shown they are saved in the current folder, under a name
+  // that no other file has: saveUnshownPages() of saved_pages.h.
   virtual void show(const Ref<const PagedText>& pages, TextView title, bool modal) = 0;
 
   // Prints the pages as one job of that title.  A printer named "file:PATH" is that file: the pages

@@ -74,7 +74,9 @@ void DataControl::put(TextView name, std::span<const Value> indexes, const Value
   const auto* object = value.tryGet<Ref<Object>>();
   auto* lines = object != nullptr ? dynamic_cast<LineTable*>(object->get()) : nullptr;
   const bool isNothing = object != nullptr && !*object;
-  if (lines == nullptr && !isNothing) throw RunTimeError(kTypeMismatch, name);
+  if (lines == nullptr && !isNothing) {
+    throw RunTimeError(kTypeMismatch, u"Recordset takes a line table of this library, or Nothing");
+  }
   lines_ = Ref<LineTable>(lines);
 }
 

@@ -2,7 +2,9 @@
 // case).  Lengths are twips.
 //
 //   Section       "Controls"(name)
-//   DataControl   "Recordset": the line table, or Nothing
+//   DataControl   "Recordset": a line table of this library (line_table.h), or Nothing.  No other
+//                 object is taken, not even a record set: its rows are read by the table's own
+//                 operations.  Raises: 13, with a description that says so
 //   TextBox       "Column": the column whose text it shows, "" for none; "Width"; "FontName";
 //                 "FontSize": points; "FontBold"; "FontItalic"
 //   PageSettings  "PageWidth", "PageHeight": of the page as it is read; "Orientation": 1 the sheet

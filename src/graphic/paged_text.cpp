@@ -13,6 +13,11 @@ std::size_t piecesIn(std::int32_t room, std::int32_t piece) noexcept {
 
 }  // namespace
 
+std::int32_t PageFormat::baseline() const noexcept {
+  const std::int32_t fontHeight = fontSize * kTwipsPerPoint;
+  return (rowHeight - fontHeight) / 2 + fontHeight * 4 / 5;
+}
+
 std::int32_t PageFormat::printableWidth() const noexcept {
   return std::max(0, width - leftMargin - rightMargin);
 }

@@ -40,6 +40,9 @@ struct PageFormat {
   // What one character takes: 0.6 em.
   std::int32_t columnWidth() const noexcept { return fontSize * kTwipsPerPoint * 6 / 10; }
 
+  // How far below a row's upper edge its letters stand: they fill the middle of the row.
+  std::int32_t baseline() const noexcept;
+
   // Between the margins; never negative.
   std::int32_t printableWidth() const noexcept;
   std::int32_t printableHeight() const noexcept;

@@ -74,18 +74,12 @@ void drawCharacter(char16_t character, Bytes& content) {
   content.push(byte);
 }
 
-// How far below a row's upper edge its letters stand: they fill the middle of the row.
-std::int32_t baselineOf(const PageFormat& format) noexcept {
-  const std::int32_t fontHeight = format.fontSize * kTwipsPerPoint;
-  return (format.rowHeight - fontHeight) / 2 + fontHeight * 4 / 5;
-}
-
 // The drawing operations of a page.
 void drawPage(const PagedText& pages, std::size_t page, Bytes& content) {
   const PageFormat& format = pages.format();
   // Every row begins by going down one, the first one too.
   const std::int32_t start =
-      format.height - format.topMargin - baselineOf(format) + format.rowHeight;
+      format.height - format.topMargin - format.baseline() + format.rowHeight;
   (content << "BT\n/F ").number(static_cast<std::size_t>(format.fontSize)) << " Tf\n";
   content.points(format.rowHeight) << " TL\n";
   (content.points(format.leftMargin) << " ").points(start) << " Td\n";

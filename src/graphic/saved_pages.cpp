@@ -8,6 +8,7 @@
 #include "frame/run_time_error.h"
 #include "graphic/pdf_writer.h"
 #include "platform/file/file_spooler.h"
+#include "platform/file/new_file.h"
 
 namespace tarvo {
 namespace {
@@ -79,6 +80,18 @@ platform::FileDescriptor open(TextView path) {
   return platform::openForWriting(path);
 }
 
+// Opens the file of that title, or the first of its numbered ones that is free; `path` is its name.
+platform::FileDescriptor openFree(TextView title, Text& path) {
+  const Text name = pathForPages(title, {});
+  const TextView stem = TextView(name).substr(0, name.size() - kEnding.size());
+  path = name;
+  for (int number = 2;; ++number) {
+    const platform::FileDescriptor file = platform::openNewFile(path);
+    if (file != platform::kNoFile || errno != EEXIST) return file;
+    path.assign(stem).append(u".").append(fromAscii(std::to_string(number))).append(kEnding);
+  }
+}
+
 }  // namespace
 
 bool isFilePrinter(TextView printerName) { return printerName.starts_with(kFilePrinterPrefix); }
@@ -93,6 +106,13 @@ void savePages(const PagedText& pages, TextView title, TextView printerName) {
   // Made before the file: what makes it fail must not cost an older file.
   const std::string pdf = pdfOf(pages, title);
   writeAndClose(open(path), pdf, path);
+}
+
+void saveUnshownPages(const PagedText& pages, TextView title) {
+  const std::string pdf = pdfOf(pages, title);
+  Text path;
+  const platform::FileDescriptor file = openFree(title, path);
+  writeAndClose(file, pdf, path);
 }
 
 void writeAndClose(platform::FileDescriptor file, std::string_view bytes, TextView path) {

@@ -25,6 +25,11 @@ Text pathForPages(TextView title, TextView printerName);
 // the path.  What was written of the file by then stays.
 void savePages(const PagedText& pages, TextView title, TextView printerName);
 
+// Writes pages that could not be shown, for which nobody named a file: as savePages(pages, title,
+// {}), but no file is replaced.  When there is a "TITLE.pdf" it is "TITLE.2.pdf", then
+// "TITLE.3.pdf" and so on.  Raises: as savePages.
+void saveUnshownPages(const PagedText& pages, TextView title);
+
 // Writes the bytes into a file that was opened for them, and closes it in any case; kNoFile makes
 // this call fail with errno as its reason.  `path` is for the description.  Raises: as savePages.
 void writeAndClose(platform::FileDescriptor file, std::string_view bytes, TextView path);

@@ -1,6 +1,8 @@
 #include "printer/clsUtilImp.h"
 
+#include <algorithm>
 #include <array>
+#include <cstring>
 #include <utility>
 
 #include "frame/checked.h"
@@ -44,6 +46,78 @@ class LetterReplacements {
   std::array<char16_t, kPrinterLetters.size()> characters_{};
   std::array<clsTexto::Replacement, kPrinterLetters.size()> replacements_{};
 };
+
+// Eight characters that are looked at in one step.
+constexpr std::size_t kAtOnce = 8;
+using Eight = char16_t __attribute__((vector_size(kAtOnce * sizeof(char16_t))));
+using EightBytes = char __attribute__((vector_size(kAtOnce)));
+
+// Replacement and code page in one step: a text's bytes as the printer gets them.
+class PrinterBytes {
+ public:
+  PrinterBytes(const LetterReplacements& replacements, const CodePage& codePage)
+      : codePage_(codePage) {
+    for (std::size_t c = 0; c < bytes_.size(); ++c) {
+      TextView character(&characterOf(c), 1);
+      for (const clsTexto::Replacement& each : replacements.all()) {
+        if (character == each.oldText) character = each.newText;
+      }
+      bytes_[c] = static_cast<char>(codePage.encode(character[0]));
+      if (c < kAsciiEnd && bytes_[c] != static_cast<char>(c)) keepsAscii_ = false;
+    }
+  }
+
+  char blank() const noexcept { return bytes_[u' ']; }
+
+  // Puts as many bytes as the text has characters.
+  void put(TextView text, char* bytes) const noexcept {
+    std::size_t i = 0;
+    for (; keepsAscii_ && text.size() - i >= kAtOnce; i += kAtOnce) {
+      if (!putAscii(text.data() + i, bytes + i)) putEach(text.substr(i, kAtOnce), bytes + i);
+    }
+    putEach(text.substr(i), bytes + i);
+  }
+
+ private:
+  static constexpr std::size_t kAsciiEnd = 0x80;
+
+  static const char16_t& characterOf(std::size_t number) noexcept {
+    static constexpr auto kCharacters = [] {
+      std::array<char16_t, 256> all{};
+      for (std::size_t i = 0; i < all.size(); ++i) all[i] = static_cast<char16_t>(i);
+      return all;
+    }();
+    return kCharacters[number];
+  }
+
+  // Most of what is printed.  False: not all of the eight are.
+  static bool putAscii(const char16_t* text, char* bytes) noexcept {
+    std::array<std::uint64_t, 2> halves;
+    std::memcpy(&halves, text, sizeof halves);
+    if (((halves[0] | halves[1]) & 0xFF80'FF80'FF80'FF80) != 0) return false;
+    Eight characters;
+    std::memcpy(&characters, text, sizeof characters);
+    const auto narrow = __builtin_convertvector(characters, EightBytes);
+    std::memcpy(bytes, &narrow, sizeof narrow);
+    return true;
+  }
+
+  // No letter that is replaced lies beyond the table.
+  void putEach(TextView text, char* bytes) const noexcept {
+    for (const char16_t c : text) {
+      *bytes++ = c < bytes_.size() ? bytes_[c] : static_cast<char>(codePage_.encode(c));
+    }
+  }
+
+  const CodePage& codePage_;
+  std::array<char, 256> bytes_{};
+  bool keepsAscii_ = true;
+};
+
+const LetterReplacements& replacements() {
+  static const LetterReplacements replacements(CodePage::ofSystem());
+  return replacements;
+}
 
 // A reference of the call's own: a service may replace the services while it works.
 Ref<clsTexto> texto() { return modRDPGlobalValues::ofThisThread().refInsTexto; }
@@ -161,8 +235,7 @@ void clsUtilImp::sWriteToFileHandle(TextView text) try {
 }
 
 void clsUtilImp::fReplaceInvalidChars(TextView text, Text& result) try {
-  static const LetterReplacements replacements(CodePage::ofSystem());
-  texto()->replaceEach(text, replacements.all(), result);
+  texto()->replaceEach(text, replacements().all(), result);
 } catch (...) {
   trap("fReplaceInvalidChars");
 }
@@ -178,6 +251,8 @@ bool clsUtilImp::fSendStringToPrinter(TextView text) try {
 }
 
 void clsUtilImp::writeMargined(TextView text, std::uint8_t leftMargin, TextView end) {
+  const clsTexto* texts = modRDPGlobalValues::ofThisThread().refInsTexto.get();
+  if (texts != nullptr && texts->mayBeBypassed()) return writeAtOnce(text, leftMargin, end);
   Borrowed<Text> line(lineStorage_);
   if (leftMargin != 0) {
     texto()->fLeftMargin(text, leftMargin, *line);
@@ -186,6 +261,27 @@ void clsUtilImp::writeMargined(TextView text, std::uint8_t leftMargin, TextView 
   }
   line->append(end);
   sWriteToFileHandle(*line);
+}
+
+// What the steps of a write come to where nobody is asked about them.
+void clsUtilImp::writeAtOnce(TextView text, std::uint8_t leftMargin, TextView end) try {
+  sendAtOnce(text, leftMargin, end);
+} catch (...) {
+  trap("sWriteToFileHandle");
+}
+
+void clsUtilImp::sendAtOnce(TextView text, std::uint8_t leftMargin, TextView end) try {
+  static const PrinterBytes printerBytes(replacements(), CodePage::ofSystem());
+  Borrowed<std::string> bytes(byteStorage_);
+  const std::size_t size = leftMargin + text.size() + end.size();
+  if (bytes->size() < size) bytes->resize(size);
+  char* at = std::fill_n(bytes->data(), leftMargin, printerBytes.blank());
+  printerBytes.put(text, at);
+  printerBytes.put(end, at + text.size());
+  spooler_->write(printerHandle_, {bytes->data(), size});
+  recordSystemError();
+} catch (...) {
+  trap("fSendStringToPrinter");
 }
 
 void clsUtilImp::recordSystemError() const { setLastSystemError(spooler_->lastError()); }

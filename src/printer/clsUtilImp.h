@@ -219,6 +219,8 @@ class clsUtilImp final : public TrappedObject {
 
   // The pieces of which the writes and the rules are made; they have no handler of their own.
   void writeMargined(TextView text, std::uint8_t leftMargin, TextView end);
+  void writeAtOnce(TextView text, std::uint8_t leftMargin, TextView end);
+  void sendAtOnce(TextView text, std::uint8_t leftMargin, TextView end);
   void writeVerticalStep(std::int16_t step);
   void writeUnitsLine(std::int16_t groups);
   void writeTensLine(std::int16_t groups);

@@ -5,6 +5,7 @@
 #include "frame/checked.h"
 #include "frame/modRDPGlobalValues.h"
 #include "printer/clsUtilImp.h"
+#include "reports/library_variables.h"
 #include "reports/section_markers.h"
 
 namespace tarvo {
@@ -20,12 +21,12 @@ modRDPGlobalValues& services() { return modRDPGlobalValues::ofThisThread(); }
 
 std::uint8_t pageLength() { return services().refInsImp->GetMaxLinPage(); }
 
-// Counts the headers that are being printed because of one another, so that a break that leads to
-// itself ends before the stack does.
+// Counts the headers that are being printed because of one another, and the reports that a client
+// prints while it is asked something, so that what leads to itself ends before the stack does.
 class Nesting {
  public:
   explicit Nesting(std::int16_t& depth) : depth_(depth) {
-    if (depth_ >= kMostPagesWithinPages) throw RunTimeError(kOutOfStackSpace);
+    if (depth_ > kMostPagesWithinPages) throw RunTimeError(kOutOfStackSpace);
     ++depth_;
   }
   Nesting(const Nesting&) = delete;
@@ -75,6 +76,7 @@ void clsObRepMasterDetail::sInit(Ref<clsImplementIDMD>& initTraducSpecialVar,
 }
 
 void clsObRepMasterDetail::sPrintReport() try {
+  const Nesting nesting(pagesWithinPages_);
   if (!fCurrentPrinterAlreadySelected(true)) return;
   if (!templateExists()) return sSendAlertIDNotFound();
   openOutput();
@@ -108,8 +110,14 @@ void clsObRepMasterDetail::sSearchSpecialVarAndTranslate(TextView valLine) try {
 
 // --- The client.
 
+// What is missing is missed by who needs it.
+inline bool clsObRepMasterDetail::variableMayBeLibrarys() const noexcept {
+  const clsObSpecialVar* variable = line_ ? line_->GetSpecialVar().get() : nullptr;
+  return variable == nullptr || libraryVariable(variable->GetFieldName()) != LibraryVariable::kNone;
+}
+
 bool clsObRepMasterDetail::answer(Ref<clsObLineCharacts>& line) {
-  if (fTranslateSpecialVarLibrary()) return true;
+  if (variableMayBeLibrarys() && fTranslateSpecialVarLibrary()) return true;
   return Ref(client_)->fTranslateSpecialVarMD(line, subTotal_);
 }
 
@@ -224,8 +232,9 @@ void clsObRepMasterDetail::sPrintInsertBody() try {
     if (!fRecordToPrintFitsInPage(*insertBody_)) breakPage();
     insertBodyWasPrinted_ = true;
     sPrintRequiredsEmptyLinesBeforeInsertBody();
-    for (std::int16_t i = 0; i < insertBody_->GetNumberOfLinesWithInformation(); ++i) {
-      sProcessLineToWriteAndPrintInsertBody(insertBody_->line(static_cast<std::size_t>(i)));
+    const Ref<clsBody> insertBody = insertBody_;
+    for (std::int16_t i = 0; i < insertBody->GetNumberOfLinesWithInformation(); ++i) {
+      sProcessLineToWriteAndPrintInsertBody(insertBody->line(static_cast<std::size_t>(i)));
     }
   }
   if (endOfDetailRecords_) subTotal_ = {};
@@ -256,6 +265,7 @@ void clsObRepMasterDetail::sAdjustMaxLinPageAndBodyMaxNumLinesIfItsZero() try {
 }
 
 std::int16_t clsObRepMasterDetail::fCalculateNumberOfLinesToPrintOfBody(const clsBody& body) try {
+  const Ref<const clsBody> held(&body);
   std::int16_t total = 0;
   for (std::int16_t i = 0; i < body.GetNumberOfLinesWithInformation(); ++i) {
     forEachPass(body.line(static_cast<std::size_t>(i)), [&] {
@@ -298,8 +308,9 @@ void clsObRepMasterDetail::forEachPass(TextView templateLine, Pass pass) {
 }
 
 void clsObRepMasterDetail::sProcessBodyLinesArrayAndPrint() try {
-  for (std::int16_t i = 0; i < body_->GetNumberOfLinesWithInformation(); ++i) {
-    sProcessLineToWriteAndPrint(body_->line(static_cast<std::size_t>(i)));
+  const Ref<clsBody> body = body_;
+  for (std::int16_t i = 0; i < body->GetNumberOfLinesWithInformation(); ++i) {
+    sProcessLineToWriteAndPrint(body->line(static_cast<std::size_t>(i)));
   }
 } catch (...) {
   trap("sProcessBodyLinesArrayAndPrint");

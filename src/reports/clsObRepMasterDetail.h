@@ -21,7 +21,8 @@
 // Errors: every operation but the properties follows the convention of trapped.h.  What the
 // operator has to know (no printer, no template, refused, nothing found) is a message and no error.
 // An error in the middle leaves the job open.  A page break that leads to itself, such as a header
-// as long as its page, is error 28 after 200 pages within one another.
+// as long as its page, is error 28 after 200 pages within one another.  So is the word SALTAPAGINA
+// together with top margin lines: the lines of the margin still belong to the line with the word.
 //
 // Threads: the client's.  One report at a time.
 #pragma once
@@ -133,6 +134,7 @@ class clsObRepMasterDetail final : public ReportEngine {
 
   // --- The template's sections (clsObRepMasterDetail_template.cpp).
   class Section;
+  bool variableMayBeLibrarys() const noexcept;
   bool fTranslateSpecialVarLibrary();
   void sReadAllFileTranslateConstantsAndAssignsItsValues();
   void sTranslateConstantAndAssingItsValue(TextView line);

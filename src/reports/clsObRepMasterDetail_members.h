@@ -16,12 +16,11 @@ struct Members<clsObRepMasterDetail> {
   static constexpr const char* help =
       "The master-detail report: header, a body for each record, insert body and footer";
   static constexpr auto table = memberTable(
-      readOnlyProperty<&clsObRepMasterDetail::GetLineToWrite>(
-          "LineToWrite", "the line that is being worked on"),
-      method<&clsObRepMasterDetail::sInit>("sInit", "starts a report", "initTraducSpecialVar",
-                                           "initReportTitle", "initFileNameTxt", "valUserName",
-                                           "initReaderFileName", "initDirPlanilla",
-                                           "initNumberOfCopies"),
+      readOnlyProperty<&clsObRepMasterDetail::GetLineToWrite>("LineToWrite",
+                                                              "the line that is being worked on"),
+      method<&clsObRepMasterDetail::sInit>(
+          "sInit", "starts a report", "initTraducSpecialVar", "initReportTitle", "initFileNameTxt",
+          "valUserName", "initReaderFileName", "initDirPlanilla", "initNumberOfCopies"),
       method<&clsObRepMasterDetail::sPrintReport>("sPrintReport", "prints the report"),
       method<&clsObRepMasterDetail::sSearchSpecialVarAndTranslate>(
           "sSearchSpecialVarAndTranslate", "resolves a template line into the line object",
@@ -39,8 +38,8 @@ struct Members<clsObRepMasterDetail> {
                &clsObRepMasterDetail::SetIsHalfLetterPaper>(
           "IsHalfLetterPaper", "whether pages end with empty lines instead of a form feed"),
       property<&clsObRepMasterDetail::GetNumberOfLinesForHalfLetter,
-               &clsObRepMasterDetail::SetNumberOfLinesForHalfLetter>(
-          "NumberOfLinesForHalfLetter", "lines of a half-letter page"),
+               &clsObRepMasterDetail::SetNumberOfLinesForHalfLetter>("NumberOfLinesForHalfLetter",
+                                                                     "lines of a half-letter page"),
       property<&clsObRepMasterDetail::GetTopMarginLines, &clsObRepMasterDetail::SetTopMarginLines>(
           "TopMarginLines", "empty lines before each page header"),
       property<&clsObRepMasterDetail::GetTopMarginPoints,

@@ -6,8 +6,8 @@
 #include "frame/upper_case.h"
 #include "printer/clsUtilImp.h"
 #include "reports/clsObRepMasterDetail.h"
+#include "reports/library_variables.h"
 #include "reports/section_markers.h"
-#include "template/text_key.h"
 #include "template/text_parts.h"
 
 namespace tarvo {
@@ -32,36 +32,16 @@ bool holds(TextView line, TextView marker) {
   return texts->fHolds(upperCase(line), marker);
 }
 
-enum class LibraryVariable {
-  kNone,
-  kEndOfRecords,
-  kCarriedForward,
-  kBroughtForward,
-  kRecordNumber
-};
-
-constexpr TextView kEndOfRecords = u"FINRENGLONESDOCUMENTOS";
-constexpr TextView kCarriedForward = u"VAN";
-constexpr TextView kBroughtForward = u"VIENEN";
-constexpr TextView kRecordNumber = u"NUMERAR";
-
-// Nearly every variable is the client's, which its length tells mostly.
-LibraryVariable libraryVariable(TextView field) noexcept {
-  const auto ifIt = [field](TextView is, LibraryVariable variable) {
-    return TextEqual()(field, is) ? variable : LibraryVariable::kNone;
-  };
-  switch (field.size()) {
-    case kEndOfRecords.size():
-      return ifIt(kEndOfRecords, LibraryVariable::kEndOfRecords);
-    case kCarriedForward.size():
-      return ifIt(kCarriedForward, LibraryVariable::kCarriedForward);
-    case kBroughtForward.size():
-      return ifIt(kBroughtForward, LibraryVariable::kBroughtForward);
-    case kRecordNumber.size():
-      return ifIt(kRecordNumber, LibraryVariable::kRecordNumber);
-    default:
-      return LibraryVariable::kNone;
-  }
+// A body like that one, but without lines.
+Ref<clsBody> withoutLines(const clsBody& body) {
+  Ref<clsBody> other = make<clsBody>();
+  other->SetMaxNumberOfLinesToPrint(body.GetMaxNumberOfLinesToPrint());
+  other->SetNumberOfFirstLineOfBody(body.GetNumberOfFirstLineOfBody());
+  other->SetUseNumberWithCharacterToTheLeftSide(body.GetUseNumberWithCharacterToTheLeftSide());
+  other->SetCharacterToTheLeftSide(body.GetCharacterToTheLeftSide());
+  other->SetRecordNumberToPrint(body.GetRecordNumberToPrint());
+  other->SetHasInsertBody(body.GetHasInsertBody());
+  return other;
 }
 
 double numberIn(TextView text) {
@@ -220,7 +200,11 @@ void clsObRepMasterDetail::sReadFileFromLineFromToLineUntilAndPrint(TextView fro
   trap("sReadFileFromLineFromToLineUntilAndPrint");
 }
 
+// Into bodies of its own: a client that prints the report while it is asked for a line's value
+// finds that line again.
 bool clsObRepMasterDetail::readBody() {
+  body_ = withoutLines(*body_);
+  insertBody_ = make<clsBody>();
   Section section(*this);
   Text markerLine;
   const bool isLimited = fReadFileUntilLineFrom(kBodyMarker, markerLine) &&

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
-#include <limits>
+#include <utility>
 
 #include "frame/decimal.h"
 #include "frame/modRDPGlobalValues.h"
@@ -79,7 +79,7 @@ PrinterCode codeOf(Control control) noexcept { return kCodes[static_cast<std::si
 }  // namespace
 
 clsObLineCharacts::clsObLineCharacts() : specialVar_(make<clsObSpecialVar>()) {}
-clsObLineCharacts::~clsObLineCharacts() = default;
+clsObLineCharacts::~clsObLineCharacts() { leaveTemplate(); }
 
 const ErrorIdentity& clsObLineCharacts::errorIdentity() const noexcept {
   static constexpr ErrorIdentity kIdentity{u"clsObLineCharacteristic",
@@ -94,13 +94,13 @@ const Text& clsObLineCharacts::GetTextToWrite() const {
 
 void clsObLineCharacts::SetTextToWrite(TextView valNewValue) {
   textToWrite_ = valNewValue;
-  template_ = {};
+  leaveTemplate();
 }
 
 // As SetTextToWrite; the text is used up.
 void clsObLineCharacts::takeText(Text& text) noexcept {
   textToWrite_.swap(text);
-  template_ = {};
+  leaveTemplate();
 }
 
 const Text& clsObLineCharacts::GetTextToPrint() const {
@@ -110,7 +110,7 @@ const Text& clsObLineCharacts::GetTextToPrint() const {
 
 void clsObLineCharacts::sClrRecord() try {
   textToWrite_.clear();
-  template_ = {};
+  leaveTemplate();
   const Ref<clsObSpecialVar> variable = specialVar_;
   variable->sClrObject();
   alignment_ = eAT_Left;
@@ -158,16 +158,10 @@ inline bool clsObLineCharacts::isTranslatingStill() const {
   return false;
 }
 
-// Whether the variable is still the one with which the rest of the template line begins.
-inline bool clsObLineCharacts::beginsTheRest(const clsObSpecialVar& variable) const noexcept {
-  return next_ != template_->variablesEnd() && restBegin_ == next_->open &&
-         static_cast<std::size_t>(variable.GetPosBegin()) == textToWrite_.size() + 1 &&
-         static_cast<std::size_t>(variable.GetSize()) == next_->size;
-}
-
 inline void clsObLineCharacts::removeVariable(const clsObSpecialVar& variable) {
   if (isTranslatingStill() && beginsTheRest(variable)) {
     restBegin_ = next_->end();
+    removed_ = next_;
     ++next_;
   } else {
     removeThroughService(variable);
@@ -187,24 +181,33 @@ inline bool clsObLineCharacts::suppressesLine(clsObSpecialVar& variable) {
   return variable.GetVariableToApplyCondition() && isEmpty;
 }
 
-inline void clsObLineCharacts::insertAtVariable(const clsObSpecialVar& variable) {
-  if (!isTranslatingStill()) {
-    insertThroughService(variable);
-    return;
-  }
+void clsObLineCharacts::insertAtVariable(const clsObSpecialVar& variable) {
   const Text& value = variable.GetTextToWrite();
-  textToWrite_ += value;
-  // What comes in with a brace is read like the template itself.
-  if (holdsBrace(value)) joinText();
+  if (!isTranslatingStill() || removed_ == nullptr) {
+    insertThroughService(variable);
+  } else if (holdsBrace(value)) {
+    // What comes in with a brace is read like the template itself.
+    joinText(value);
+  } else {
+    putValue(value);
+  }
+}
+
+// In place of the variable that was removed.
+inline void clsObLineCharacts::putValue(TextView value) {
+  template_->putValue(*std::exchange(removed_, nullptr), settled_, value);
+  settled_ += value.size();
 }
 
 void clsObLineCharacts::sReplaceVarInTextToWrite() try {
   const Ref<clsObSpecialVar> variable = specialVar_;
   removeVariable(*variable);
-  if (suppressesLine(*variable)) {
-    printLine_ = false;
-  } else if (!variable->GetVariableToWriteEmpty()) {
+  const bool suppresses = suppressesLine(*variable);
+  if (suppresses) printLine_ = false;
+  if (!suppresses && !variable->GetVariableToWriteEmpty()) {
     insertAtVariable(*variable);
+  } else if (isTranslating() && removed_ != nullptr) {
+    putValue({});
   }
   if (!variable->GetPrintLine()) printLine_ = false;
 } catch (...) {
@@ -213,7 +216,7 @@ void clsObLineCharacts::sReplaceVarInTextToWrite() try {
 
 void clsObLineCharacts::insertThroughService(const clsObSpecialVar& variable) {
   Text with;
-  TextParts()->fInsert(textToWrite_, variable.GetTextToWrite(), variable.GetPosBegin(), with);
+  TextParts()->fInsert(GetTextToWrite(), variable.GetTextToWrite(), variable.GetPosBegin(), with);
   takeText(with);
 }
 
@@ -287,11 +290,16 @@ std::uint8_t clsObLineCharacts::fNumberOfPrintedLinesThatWillFill() try {
   trap("fNumberOfPrintedLinesThatWillFill");
 }
 
-void clsObLineCharacts::beginTranslation(Ref<TemplateLine> line) {
+void clsObLineCharacts::beginTranslation(const Ref<TemplateLine>& line) {
+  leaveTemplate();
+  if (const clsObLineCharacts* reader = line->reader(); reader != nullptr) reader->joinText();
+  line->beginReading(this);
   textToWrite_.clear();
+  settled_ = 0;
   restBegin_ = 0;
   next_ = line->variables();
-  template_ = std::move(line);
+  removed_ = nullptr;
+  template_ = line;
 }
 
 bool clsObLineCharacts::findsVariable() const {
@@ -300,23 +308,32 @@ bool clsObLineCharacts::findsVariable() const {
 
 // Somebody looks at the text: from here on it is one.
 void clsObLineCharacts::joinText() const {
+  if (isTranslating()) joinText({});
+}
+
+// The same with a text at the place of the variable that was removed.
+void clsObLineCharacts::joinText(TextView between) const {
+  textToWrite_.assign(template_->image(), 0, settled_);
+  textToWrite_.append(between).append(template_->text(), restBegin_);
+  leaveTemplate();
+}
+
+void clsObLineCharacts::leaveTemplate() const noexcept {
   if (!isTranslating()) return;
-  textToWrite_.append(template_->text(), restBegin_);
+  template_->endReading();
   template_ = {};
 }
 
-void clsObLineCharacts::extractNextVariable() {
+void clsObLineCharacts::lookForNextVariable() {
   if (!isTranslatingStill()) {
     sExtractSpecialVar(textToWrite_);
     joinText();  // a message may have led back to this line, and to another translation
     return;
   }
-  if (const std::size_t before = next_->open - restBegin_; before != 0) {
-    textToWrite_.append(template_->text(), restBegin_, before);
-    restBegin_ = next_->open;
-  }
-  constexpr auto kLastPlace = static_cast<std::size_t>(std::numeric_limits<std::int16_t>::max());
-  const std::size_t place = textToWrite_.size() + 1;
+  template_->putText(settled_, restBegin_, next_->open);
+  settled_ += next_->open - restBegin_;
+  restBegin_ = next_->open;
+  const std::size_t place = settled_ + 1;
   if (next_->parsed && specialVar_ && place + next_->size < kLastPlace) {
     specialVar_->takeParsed(*next_->parsed, static_cast<std::int16_t>(place));
   } else {
@@ -328,15 +345,59 @@ void clsObLineCharacts::readNextVariable() {
   const Ref<TemplateLine> held = template_;
   const Ref<clsObSpecialVar> variable = specialVar_;
   TemplateLine::Variable& next = *next_;
-  sExtractSpecialVar(textToWrite_ + held->text().substr(restBegin_));
+  Text rest(held->image(), 0, settled_);
+  rest.append(held->text(), restBegin_);
+  sExtractSpecialVar(rest);
   // A message may have led back to this line, and have done anything to it.
   if (template_ != held || next_ != &next || specialVar_ != variable) {
     joinText();
     return;
   }
+  next.value.isKnown = false;
   next.parsed = variable->lastParsed();
   next.control = controlOf(upperCase(trimBlanks(variable->GetFieldName())));
   next.isConstant = variable->GetFieldName().starts_with(kFreeMark);
+}
+
+// Words that only send a code, and constants, whose value stands in the image: the variable need
+// not say so, for the one behind them takes its place.
+void clsObLineCharacts::passKnownWords() {
+  for (; next_ + 1 != template_->variablesEnd(); ++next_) {
+    // An IIF's list stays behind in the variable.
+    if (!next_->value.isKnown || next_->parsed->iif) return;
+    if (!next_->isConstant && !sendsKnownCode(*next_)) return;
+    settled_ += next_->open - restBegin_ + next_->valueSize;
+    restBegin_ = next_->end();
+  }
+}
+
+bool clsObLineCharacts::sendsKnownCode(const TemplateLine::Variable& word) {
+  const PrinterCode code = codeOf(word.control);
+  const clsUtilImp* printer = modRDPGlobalValues::ofThisThread().refInsImp.get();
+  return code != nullptr && printer != nullptr && TextEqual()((printer->*code)(), word.value.text);
+}
+
+void clsObLineCharacts::settleStepByStep() {
+  sFormatSpecialVar();
+  sReplaceVarInTextToWrite();
+}
+
+// Where nobody watches the services and nothing but the text matters, it goes to its place at once,
+// and is kept.
+void clsObLineCharacts::settlePlainValue() {
+  sFormatSpecialVar();
+  const clsObSpecialVar& variable = *specialVar_;
+  const Text& value = variable.GetTextToWrite();
+  TemplateLine::Variable& place = *next_++;
+  restBegin_ = place.end();
+  // An amount has none.
+  if (variable.GetTypeField() != TFR_Numeric && holdsBrace(value)) {
+    joinText(value);
+    return;
+  }
+  template_->putValue(place, settled_, value);
+  settled_ += value.size();
+  variable.keepIn(place.value);
 }
 
 const Text* clsObLineCharacts::applyControlWord(Text& content) {

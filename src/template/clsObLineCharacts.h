@@ -16,6 +16,7 @@
 #pragma once
 
 #include <cstdint>
+#include <limits>
 
 #include "frame/enums.h"
 #include "frame/text.h"
@@ -126,7 +127,7 @@ class clsObLineCharacts final : public TrappedObject {
 
   // As SetTextToWrite with the line's text, which has been looked through before.
   // REQUIRES: a regular line, and a text service that may be bypassed.
-  void beginTranslation(Ref<TemplateLine> line);
+  void beginTranslation(const Ref<TemplateLine>& line);
 
   // Whether the text holds a "{".
   bool holdsVariable() const {
@@ -134,16 +135,19 @@ class clsObLineCharacts final : public TrappedObject {
   }
 
   // As sExtractSpecialVar with the present text.
-  void extractNextVariable();
+  void extractNextVariable() {
+    if (!takesNextVariable()) lookForNextVariable();
+  }
 
   // Whether the variable is known to be neither a control word nor a constant.
-  bool isKnownToBeClients() const noexcept {
-    return isTranslating() && next_->control == Control::kNone && !next_->isConstant;
-  }
+  bool isKnownToBeClients() const noexcept { return isTranslating() && !next_->isLibrarys(); }
 
   // As fSpecialVarIsAnyControlChar with the field's name.  Gives what goes to the printer, either
   // `content` or a text of the printer's; null when the name is no control word.
   const Text* applyControlWord(Text& content);
+
+  // As sFormatSpecialVar and then sReplaceVarInTextToWrite.
+  void settleVariable();
 
   const ErrorIdentity& errorIdentity() const noexcept override;
 
@@ -151,23 +155,41 @@ class clsObLineCharacts final : public TrappedObject {
   bool isTranslatingStill() const;
   void takeText(Text& text) noexcept;
   void joinText() const;
+  void joinText(TextView between) const;
+  void leaveTemplate() const noexcept;
   bool findsVariable() const;
   bool beginsTheRest(const clsObSpecialVar& variable) const noexcept;
   void removeVariable(const clsObSpecialVar& variable);
   bool suppressesLine(clsObSpecialVar& variable);
   void removeThroughService(const clsObSpecialVar& variable);
   void insertAtVariable(const clsObSpecialVar& variable);
+  void passKnownWords();
+  static bool sendsKnownCode(const TemplateLine::Variable& word);
+  bool isAtKeptValue() const noexcept;
+  void takeKeptValue();
+  void settleStepByStep();
+  void settlePlainValue();
+  void putValue(TextView value);
   void insertThroughService(const clsObSpecialVar& variable);
+  bool takesNextVariable();
+  void lookForNextVariable();
   void readNextVariable();
   const Text* applyKnownControl(Control control, Text& content);
   const Text& applyControl(Control control, Text& content);
   void repeatLine();
 
-  // The whole text; while translating, what stands before the rest of the template line.
+  static constexpr auto kLastPlace =
+      static_cast<std::size_t>(std::numeric_limits<std::int16_t>::max());
+
   mutable Text textToWrite_;
+
+  // While translating the text is what is settled so far, which is the beginning of the template
+  // line's image, and then the rest of the template line.
   mutable Ref<TemplateLine> template_;
-  std::size_t restBegin_ = 0;               // from where the template line's text is left
-  TemplateLine::Variable* next_ = nullptr;  // the first variable of the rest, while translating
+  std::size_t settled_ = 0;                    // characters of the image
+  std::size_t restBegin_ = 0;                  // from where the template line's text is left
+  TemplateLine::Variable* next_ = nullptr;     // the first variable of the rest
+  TemplateLine::Variable* removed_ = nullptr;  // the one before it, until its value is put there
 
   Ref<clsObSpecialVar> specialVar_;
   eAlignmentType alignment_ = eAT_Right;
@@ -181,5 +203,57 @@ class clsObLineCharacts final : public TrappedObject {
   bool pauseWasRead_ = false;
   bool lineToWriteEmpty_ = false;
 };
+
+// Whether the variable is still the one with which the rest of the template line begins.
+inline bool clsObLineCharacts::beginsTheRest(const clsObSpecialVar& variable) const noexcept {
+  return next_ != template_->variablesEnd() && restBegin_ == next_->open &&
+         static_cast<std::size_t>(variable.GetPosBegin()) == settled_ + 1 &&
+         static_cast<std::size_t>(variable.GetSize()) == next_->size;
+}
+
+// The way of nearly every variable: it was read before, and nothing has happened since the one
+// before it.
+inline bool clsObLineCharacts::takesNextVariable() {
+  if (!isTranslating() || !template_->hasKeptValues() || !specialVar_) return false;
+  if (next_->isLibrarys()) passKnownWords();
+  if (!next_->parsed) return false;
+  const std::size_t place = settled_ + (next_->open - restBegin_) + 1;
+  if (place + next_->size >= kLastPlace) return false;
+  settled_ = place - 1;
+  restBegin_ = next_->open;
+  specialVar_->takeParsed(*next_->parsed, static_cast<std::int16_t>(place));
+  return true;
+}
+
+// Whether nothing but the variable's value and attributes can have changed since then.
+inline bool clsObLineCharacts::isAtKeptValue() const noexcept {
+  return isTranslating() && template_->hasKeptValues() && template_->isOfPresentServices() &&
+         specialVar_ && beginsTheRest(*specialVar_) && next_->parsed;
+}
+
+// What formatting leaves in the variable is seen only when no other variable follows, which clears
+// it.
+inline void clsObLineCharacts::takeKeptValue() {
+  settled_ += next_->valueSize;
+  restBegin_ = next_->end();
+  ++next_;
+  if (next_ == template_->variablesEnd()) {
+    const std::size_t size = next_[-1].valueSize;
+    specialVar_->SetTextToWrite({template_->image().data() + settled_ - size, size});
+  }
+}
+
+inline void clsObLineCharacts::settleVariable() {
+  if (!isAtKeptValue()) return settleStepByStep();
+  const clsObSpecialVar& variable = *specialVar_;
+  if (!variable.GetPrintLine()) return settleStepByStep();
+  if (variable.hasStill(next_->value, *next_->parsed)) {
+    takeKeptValue();
+  } else if (variable.isPlain()) {
+    settlePlainValue();
+  } else {
+    settleStepByStep();
+  }
+}
 
 }  // namespace tarvo

@@ -17,6 +17,7 @@
 #pragma once
 
 #include <cstdint>
+#include <cstring>
 
 #include "frame/borrowed.h"
 #include "frame/currency.h"
@@ -28,6 +29,8 @@
 #include "frame/value.h"
 #include "template/parsed_variable.h"
 #include "template/parsed_variables.h"
+#include "template/settled_value.h"
+#include "template/text_key.h"
 
 namespace tarvo {
 
@@ -245,6 +248,18 @@ class clsObSpecialVar final : public TrappedObject {
   // What sExtract read last, when reading it again would have no other effect; else null.
   Ref<const ParsedVariable> lastParsed() const noexcept { return lastParsed_; }
 
+  // --- For the line, in place of sFormatSpecialVar (template_line.h).
+
+  // Whether formatting gives the text that it gave for that value of a variable that reads so.
+  bool hasStill(const SettledValue& value, const ParsedVariable& parsed) const noexcept;
+
+  // Whether what is formatted depends on nothing else, and takes the variable's place as it is.
+  // A date's year need not be asked for.
+  bool isPlain() const noexcept;
+
+  // Makes `value` the present one.  REQUIRES: isPlain().
+  void keepIn(SettledValue& value) const;
+
  private:
   static constexpr Date kFirstOfJanuary1900{2.0};
 
@@ -300,6 +315,7 @@ class clsObSpecialVar final : public TrappedObject {
   void alignThroughService();
   std::int16_t elementToTake(std::int16_t indexPosition, bool doFillWithSpace,
                              bool arrayPositionIsValid, std::int16_t arrayPosition) const noexcept;
+  bool hasContentOf(const SettledValue& value) const noexcept;
 
   // The separator pattern (clsObSpecialVar_pattern.cpp).
   struct PatternTexts {
@@ -371,6 +387,34 @@ inline void clsObSpecialVar::take(const ParsedVariable& parsed) {
   namesAreShared_ = true;
   hasIifOfItsOwn_ = static_cast<bool>(parsed.iif);
   if (hasIifOfItsOwn_) iif_ = parsed.iif;
+}
+
+inline bool clsObSpecialVar::hasStill(const SettledValue& value,
+                                      const ParsedVariable& parsed) const noexcept {
+  return value.isKnown && typeField_ == value.kind && hasContentOf(value) &&
+         std::memcmp(&a_, &value.attributes, sizeof a_) == 0 && names_ == parsed.names;
+}
+
+// An IIF's list, the printer's codes and the line's suppression are more than is kept.
+inline bool clsObSpecialVar::isPlain() const noexcept {
+  const bool isPlainKind =
+      typeField_ == TFR_String || typeField_ == TFR_Numeric || typeField_ == TFR_Date;
+  return isPlainKind && !a_.usingSpecialSeparationString && !a_.variableToWriteEmpty &&
+         !a_.variableToApplyCondition;
+}
+
+inline bool clsObSpecialVar::hasContentOf(const SettledValue& value) const noexcept {
+  switch (typeField_) {
+    case TFR_Numeric:
+      return contentNumeric_ == value.number &&
+             parenthesisIfNegative_ == value.parenthesisIfNegative;
+    case TFR_Date:
+      return contentDate_ == value.date;
+    case TFR_String:
+      return TextEqual()(contentString_, value.text);
+    default:
+      return false;
+  }
 }
 
 inline void clsObSpecialVar::takeParsed(const ParsedVariable& parsed, std::int16_t posBegin) {

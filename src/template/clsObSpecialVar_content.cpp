@@ -8,6 +8,9 @@ namespace {
 // Dates of earlier years stand for no date.
 constexpr std::int16_t kFirstYearOfDates = 1998;
 
+// A text that is kept to be compared with.
+constexpr std::size_t kLongestKept = 255;
+
 }  // namespace
 
 void clsObSpecialVar::SetContentString(TextView valValue) try {
@@ -80,6 +83,20 @@ std::int16_t clsObSpecialVar::elementToTake(std::int16_t indexPosition, bool doF
     arrayPosition = a_.arrayPosition;
   }
   return arrayPosition > 0 ? arrayPosition : std::int16_t{-1};
+}
+
+void clsObSpecialVar::keepIn(SettledValue& value) const {
+  if (typeField_ == TFR_String) {
+    if (contentString_.size() > kLongestKept) return;
+    value.text.clear();
+    value.text.append(contentString_);
+  }
+  value.isKnown = true;
+  value.kind = typeField_;
+  value.number = contentNumeric_;
+  value.parenthesisIfNegative = parenthesisIfNegative_;
+  value.date = contentDate_;
+  value.attributes = a_;
 }
 
 bool clsObSpecialVar::fIsEmpty() try {

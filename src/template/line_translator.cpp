@@ -21,8 +21,8 @@ bool isComment(TextView line) {
 void LineTranslator::translate(Ref<clsObLineCharacts>& line, TextView templateLine,
                                VariableSource& source) {
   const Ref<clsObLineCharacts> held = line;
-  if (Ref<TemplateLine> known = lineOf(templateLine); known && !known->isComment()) {
-    held->beginTranslation(std::move(known));
+  if (const Ref<TemplateLine> known = lineOf(templateLine); known && !known->isComment()) {
+    held->beginTranslation(known);
   } else {
     held->SetTextToWrite(templateLine);
     if (takeComment(*held, templateLine)) return;
@@ -59,8 +59,7 @@ void LineTranslator::resolveVariables(Ref<clsObLineCharacts>& line, VariableSour
       held = line;
       current = &*held;
     }
-    current->sFormatSpecialVar();
-    current->sReplaceVarInTextToWrite();
+    current->settleVariable();
   }
 }
 
@@ -82,8 +81,7 @@ bool LineTranslator::giveLibrarysValue(clsObLineCharacts& line, VariableSource& 
 // or its braces do not come in pairs.
 Ref<TemplateLine> LineTranslator::lineOf(TextView text) {
   forgetUnlessServicesAreTheSame();
-  const clsTexto* texto = services_.texto();
-  if (texto == nullptr || !texto->mayBeBypassed() || text.size() > kLongestLine) return {};
+  if (!services_.mayBypassTexto() || text.size() > kLongestLine) return {};
   // A line that comes again mostly comes from the same place.
   Ref<TemplateLine>& recent = recent_[reinterpret_cast<std::uintptr_t>(text.data()) / 16 % kRecent];
   if (!recent || !TextEqual()(recent->text(), text)) recent = findOrMake(text);

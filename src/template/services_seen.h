@@ -1,5 +1,5 @@
-// The services on which the reading of a template depends: as long as they are the same ones, what
-// was read once need not be read again.
+// The services on which a translated line depends: as long as they are the same ones, what was read
+// once need not be read again, and what was formatted once need not be formatted again.
 //
 // Threads: one.
 #pragma once
@@ -16,23 +16,38 @@ class ServicesSeen {
     if (arePresent()) return true;
     texto_ = services_->refInsTexto;
     convert_ = services_->refInsConvert;
+    dates_ = services_->refInsUtilDate;
+    math_ = services_->refInsUtilMathOperations;
+    mayBypassTexto_ = mayBypass(texto_);
+    mayBypassAll_ = mayBypassTexto_ && mayBypass(convert_) && mayBypass(dates_) && mayBypass(math_);
     return false;
   }
 
   // The same question without a new look.  REQUIRES: there was a look.
   bool arePresent() const noexcept {
-    return services_->refInsTexto == texto_ && services_->refInsConvert == convert_;
+    return services_->refInsTexto == texto_ && services_->refInsConvert == convert_ &&
+           services_->refInsUtilDate == dates_ && services_->refInsUtilMathOperations == math_;
   }
 
-  // The text service of the last look.
-  const clsTexto* texto() const noexcept { return texto_.get(); }
+  // Of the last look.  A service that is missing is missed where it is asked.
+  bool mayBypassTexto() const noexcept { return mayBypassTexto_; }
+  bool mayBypassAll() const noexcept { return mayBypassAll_; }
 
  private:
+  template <class Service>
+  static bool mayBypass(const Ref<Service>& service) noexcept {
+    return service && service->mayBeBypassed();
+  }
+
   const modRDPGlobalValues* services_ = nullptr;  // of the thread, and there as long as it
 
   // Held, so that a new service never stands where an old one stood.
   Ref<clsTexto> texto_;
   Ref<clsConvert> convert_;
+  Ref<clsUtilDate> dates_;
+  Ref<clsUtilMathOperations> math_;
+  bool mayBypassTexto_ = false;
+  bool mayBypassAll_ = false;
 };
 
 }  // namespace tarvo

@@ -16,10 +16,35 @@ void TemplateLine::findVariables() {
        i = text_.find_first_of(u"{}", i + 1)) {
     const bool opens = text_[i] == u'{';
     isRegular_ = opens == (open == kNone);
-    if (isRegular_ && !opens) variables_.push_back({open, i - open - 1, {}, Control::kNone});
+    if (isRegular_ && !opens) variables_.push_back({open, i - open - 1, {}});
     open = opens ? i : kNone;
   }
   if (open != kNone) isRegular_ = false;
+}
+
+void TemplateLine::beginReading(const clsObLineCharacts* reader) noexcept {
+  reader_ = reader;
+  if (!imageIsWhole_) image_.clear();
+}
+
+void TemplateLine::putText(std::size_t at, std::size_t begin, std::size_t end) {
+  if (!imageIsWhole_) image_.replace(at, Text::npos, text_, begin, end - begin);
+}
+
+void TemplateLine::putValue(Variable& variable, std::size_t at, TextView value) {
+  variable.value.isKnown = false;
+  if (!imageIsWhole_) {
+    image_.replace(at, Text::npos, value);
+  } else if (value.size() == variable.valueSize) {
+    value.copy(image_.data() + at, value.size());
+  } else {
+    image_.replace(at, variable.valueSize, value);
+  }
+  variable.valueSize = value.size();
+  if (imageIsWhole_ || &variable != &variables_.back()) return;
+  image_.append(text_, variable.end());
+  imageIsWhole_ = true;
+  hasKeptValues_ = mayKeepValues();
 }
 
 }  // namespace tarvo

@@ -1,8 +1,12 @@
-// A template line that has been looked through: where its variables stand, and what each of them
-// says once it was read.
+// A template line that has been looked through: where its variables stand, what each of them says
+// once it was read, and how the line came out the last time.
 //
 // Only a regular line, one whose braces come in pairs, and no comment, is translated by it; any
 // other line is taken as it comes.  It depends on the text and the services alone.
+//
+// Its image is the line with the values of the last translation.  The next one goes through it from
+// left to right and puts in the values that differ: what stands before the variable that is being
+// resolved is this translation's, the rest still the last one's.  So there is one reader at a time.
 #pragma once
 
 #include <vector>
@@ -12,8 +16,11 @@
 #include "template/control_words.h"
 #include "template/parsed_variable.h"
 #include "template/services_seen.h"
+#include "template/settled_value.h"
 
 namespace tarvo {
+
+class clsObLineCharacts;
 
 class TemplateLine final : public Object {
  public:
@@ -26,6 +33,13 @@ class TemplateLine final : public Object {
     Control control = Control::kNone;
     bool isConstant = false;  // its name begins with "@"
 
+    // What stands in the image for it: how many characters, and for which value, if that is known.
+    std::size_t valueSize = 0;
+    SettledValue value{};
+
+    // Whether the library has its value itself.
+    bool isLibrarys() const noexcept { return isConstant || control != Control::kNone; }
+
     std::size_t end() const noexcept { return open + size + 2; }
   };
 
@@ -37,6 +51,11 @@ class TemplateLine final : public Object {
   // Whether the present services are those with which it is read.
   bool isOfPresentServices() const { return services_.arePresent(); }
 
+  // Whether a value that is known need not be formatted again.
+  bool mayKeepValues() const noexcept { return services_.mayBypassAll(); }
+  // And whether such values stand in the image.
+  bool hasKeptValues() const noexcept { return hasKeptValues_; }
+
   // Whether its first characters but blanks are "...".
   bool isComment() const noexcept { return isComment_; }
 
@@ -47,12 +66,32 @@ class TemplateLine final : public Object {
   Variable* variables() noexcept { return variables_.data(); }
   const Variable* variablesEnd() const noexcept { return variables_.data() + variables_.size(); }
 
+  // The line that is translated by it now; null when there is none.
+  const clsObLineCharacts* reader() const noexcept { return reader_; }
+
+  // A translation begins; the present reader has taken out what it needs.
+  void beginReading(const clsObLineCharacts* reader) noexcept;
+  void endReading() noexcept { reader_ = nullptr; }
+
+  // Valid up to where the reader is; behind that when it is whole.
+  const Text& image() const noexcept { return image_; }
+
+  // Between the values: the line's own text from `begin` to `end` stands at `at`.
+  void putText(std::size_t at, std::size_t begin, std::size_t end);
+
+  // A variable's value stands at `at`, in place of the one of last time.
+  void putValue(Variable& variable, std::size_t at, TextView value);
+
  private:
   void findVariables();
 
   Text text_;
   ServicesSeen services_;
   std::vector<Variable> variables_;
+  Text image_;
+  bool imageIsWhole_ = false;  // every variable has a value in it
+  bool hasKeptValues_ = false;
+  const clsObLineCharacts* reader_ = nullptr;
   bool isComment_;
   bool isRegular_ = true;
 };

@@ -37,7 +37,8 @@ class clsLibTarvoRdp final : public TrappedObject {
   // Raises: what the form's event procedures raise; what the window raises.
   bool fChoosePrintingMode(ePrintingMode& refPrintingMode);
 
-  // Where the operator chooses the printer: a line end, and the sentence.
+  // Where the operator chooses the printer: a line end, and the sentence.  It has no error handler:
+  // what it raises, for want of memory, has no trail.
   Text fMsgForLocateOptionChoosePrinter();
 
   // The text cut into rows of a fixed length, words or not: an array of that many texts, empty ones

@@ -1,6 +1,7 @@
 #include "ui/frmChoosePrintingMode.h"
 
 #include "frame/modRDPGlobalValues.h"
+#include "graphic/late_arguments.h"
 
 namespace tarvo {
 namespace {
@@ -28,19 +29,6 @@ const char* nameOf(PrintingModeControl control) {
 
 bool is(TextView name, const char* member) { return equalIgnoringAsciiCase(name, member); }
 
-// What the service gave as a truth value or an index.
-struct NumberIn {
-  template <class Content>
-  double operator()(const Content& content) const {
-    if constexpr (std::is_arithmetic_v<Content>) {
-      return content;
-    } else {
-      throw RunTimeError(kTypeMismatch);
-    }
-  }
-};
-double numberIn(const Value& value) { return std::visit(NumberIn(), value.content()); }
-
 }  // namespace
 
 TextView captionOf(PrintingModeControl control) noexcept {
@@ -65,6 +53,8 @@ class frmChoosePrintingMode::Control final : public LateObject {
     return {};
   }
 
+  bool hasMethod(TextView name) override { return is(name, "Click"); }
+
   Value get(TextView name, std::span<const Value>) override {
     const frmChoosePrintingMode& its = form();
     if (is(name, "Name")) return fromAscii(nameOf(which_));
@@ -76,7 +66,7 @@ class frmChoosePrintingMode::Control final : public LateObject {
 
   void put(TextView name, std::span<const Value>, const Value& value) override {
     if (!is(name, "Value")) throw RunTimeError(kNoSuchMember, name);
-    if (numberIn(value) != 0) click();
+    if (booleanArgument(value, name)) click();
   }
 
  private:
@@ -236,8 +226,8 @@ Value frmChoosePrintingMode::get(TextView name, std::span<const Value> indexes) 
   if (is(name, "Name")) return fromAscii(kFormName);
   if (is(name, "Caption")) return kPrintingModeCaption;
   if (is(name, kOptionsName)) {
-    if (indexes.size() != 1) throw RunTimeError(kWrongNumberOfArguments, name);
-    const double index = numberIn(indexes.front());
+    requireCount(indexes, 1);
+    const std::int32_t index = integerArgument(indexes.front(), name);
     if (index == 0) return control(PrintingModeControl::kGraphic);
     if (index == 1) return control(PrintingModeControl::kText);
     throw RunTimeError(kSubscriptOutOfRange, name);

@@ -46,6 +46,7 @@ class frmChoosePrintingMode final : public LateObject, private PrintingModeEvent
   // "frmChoosePrintingMode"
   Text typeName() override;
   Value call(TextView name, std::span<const Value> arguments) override;
+  bool hasMethod(TextView /*name*/) override { return false; }
   Value get(TextView name, std::span<const Value> indexes) override;
   void put(TextView name, std::span<const Value> indexes, const Value& value) override;
 

@@ -56,6 +56,7 @@ class PrintingModeWindow {
   virtual void choose(PrintingModeControl option) = 0;
 
   // Shows the window until close() is called or the operator closes it, which is no click.
+  // Meanwhile no other window of the thread takes input.
   // Raises: what the system refuses.
   virtual void showModal(PrintingModeEvents& events) = 0;
 

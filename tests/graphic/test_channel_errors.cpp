@@ -1,4 +1,5 @@
 // How the graphic channel's run-time errors travel: who reports them, in which order, with what.
+#include <algorithm>
 #include <optional>
 
 #include "graphic_test.h"
@@ -187,13 +188,54 @@ TEST_F(ChannelErrors, WithAClosedTableAre3704) {
   }
 }
 
-TEST_F(ChannelErrors, OfALineThatIsTooLong) {
+struct LongLine {
+  const char* shows;
+  void (*write)(clsARObRep& channel);
+  const char* trail;
+};
+void PrintTo(const LongLine& row, std::ostream* out) { *out << row.shows; }
+
+class ChannelLongLine : public GraphicTest, public ::testing::WithParamInterface<LongLine> {
+ protected:
+  // What the table is asked for, without the line's own thousands of characters.
+  std::size_t rowsAdded() const { return calls.linesOf("table addRow").size(); }
+};
+
+TEST_P(ChannelLongLine, IsRefusedAndLeavesTheReportAsItWas) {
   begin();
-  channel->sWrite(Text(7000, u'x'), 0);
-  EXPECT_EQ(errorNumberOf([this] { channel->sWrite(Text(7001, u'x'), 0); }), kLineIsTooLong);
-  EXPECT_EQ(error->trail(), "sWriteToGraphicHandle sWrite");
+  channel->sWrite(u"before", 0);
+  const auto raised = errorOf([this] { GetParam().write(*channel); });
+  ASSERT_TRUE(raised.has_value());
+  EXPECT_EQ(raised->number(), kLineIsTooLong);
+  EXPECT_TRUE(raised->description().starts_with(u"The line has more than 7000 characters"))
+      << raised->what();
+  EXPECT_EQ(error->trail(), GetParam().trail);
+  EXPECT_EQ(rowsAdded(), 2u) << "it was the table that refused the second";
+  channel->sWrite(u"behind", 0);
   channel->sCloseGraphicHandle();
-  EXPECT_EQ(output->reports.at(0).pages->pageCount(), 1u);
+  EXPECT_EQ(output->reports.at(0).text(), "before\nbehind\n");
+  EXPECT_EQ(output->reports.at(0).pages->format().width, 12240) << "no page for wide lines";
+  EXPECT_EQ(rowsOf([this] { channel->sWriteLn(u"next", 0); }), "next\n");
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Of, ChannelLongLine,
+    ::testing::Values(LongLine{"Write", [](clsARObRep& c) { c.sWrite(Text(7001, u'x'), 0); },
+                               "sWriteToGraphicHandle sWrite"},
+                      LongLine{"WriteLn", [](clsARObRep& c) { c.sWriteLn(Text(20'000, u'x'), 0); },
+                               "sWriteToGraphicHandle sWriteLn"},
+                      LongLine{"Margin", [](clsARObRep& c) { c.sWriteLn(Text(6999, u'x'), 2); },
+                               "sWriteToGraphicHandle sWriteLn"}),
+    [](const auto& row) { return std::string(row.param.shows); });
+
+TEST_F(ChannelErrors, AreNotOfALineThatFitsWithoutItsCodes) {
+  begin();
+  channel->sWrite(Text(7000, u'x') + u"<bold>", 0);
+  channel->sWrite(Text(6998, u'x'), 2);
+  channel->sCloseGraphicHandle();
+  EXPECT_TRUE(error->reports.empty());
+  const std::string shown = output->reports.at(0).text();
+  EXPECT_EQ(std::count(shown.begin(), shown.end(), 'x'), 7000 + 6998);
 }
 
 TEST_F(ChannelErrors, WithoutAServiceAre91) {

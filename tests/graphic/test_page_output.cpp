@@ -162,6 +162,17 @@ TEST_F(Output, IsSavedWhenThereIsNoDisplay) {
   }
 }
 
+TEST_F(Output, ReplacesNoFileWhenItCannotBeShown) {
+  folder.write(u"current/Ventas 1_2.pdf", "the client's");
+  installViewer("exit 3");
+  show(true);
+  const Variable noDisplay("DISPLAY", std::nullopt);
+  show(false);
+  EXPECT_EQ(saved(), "the client's");
+  EXPECT_EQ(folder.contentOf(u"current/Ventas 1_2.2.pdf"), pdf());
+  EXPECT_EQ(folder.contentOf(u"current/Ventas 1_2.3.pdf"), pdf());
+}
+
 TEST_F(Output, IsShownOnEitherKindOfDisplay) {
   installViewer("exit 0");
   const Variable noDisplay("DISPLAY", std::nullopt);
@@ -181,6 +192,7 @@ TEST_F(Output, ThatCannotBeWrittenIsAnErrorWithThePath) {
 
 TEST_F(Output, IsSavedUnderItsTitleOrOnTheFileThatThePrinterIs) {
   const Ref<PageOutput> output = platform::makePageOutput();
+  folder.write(u"current/Ventas 1_2.pdf", "replaced");
   output->save(pages(), u"Ventas 1/2", u"EPSON");
   EXPECT_EQ(saved(), pdf());
   output->save(pages(), u"Ventas 1/2", u"file:" + folder.pathOf(u"other"));

@@ -169,7 +169,11 @@ TEST(PageReportParts, ADataControlTakesALineTableOrNothing) {
   EXPECT_EQ(control->lines(), table);
   EXPECT_EQ(control->get(u"recordset", {}), Value(Ref<Object>(table)));
   for (const Value& other : {Value(), kText, kNumber, Value(Ref<Object>(control))}) {
-    EXPECT_EQ(errorNumberOf([&] { control->put(u"Recordset", {}, other); }), kTypeMismatch);
+    const auto error = errorOf([&] { control->put(u"Recordset", {}, other); });
+    ASSERT_TRUE(error.has_value()) << show(other);
+    EXPECT_EQ(error->number(), kTypeMismatch);
+    EXPECT_EQ(error->description(),
+              u"Type mismatch: Recordset takes a line table of this library, or Nothing");
   }
   EXPECT_EQ(control->lines(), table);
   control->put(u"Recordset", {}, Ref<Object>());

@@ -28,6 +28,20 @@ TEST(PagedText, ALetterPageHasTheLinesOfALinePrintersSheet) {
   EXPECT_EQ(make<PagedText>(wideFormat())->rowsPerPage(), 66u);
 }
 
+TEST(PageFormat, LettersStandInTheMiddleOfTheirRow) {
+  const struct {
+    std::int16_t fontSize;
+    std::int32_t rowHeight;
+    std::int32_t baseline;
+  } rows[] = {{8, 229, 162}, {12, 276, 210}, {12, 240, 192}, {144, 3312, 2520}};
+  for (const auto& row : rows) {
+    PageFormat format;
+    format.fontSize = row.fontSize;
+    format.rowHeight = row.rowHeight;
+    EXPECT_EQ(format.baseline(), row.baseline) << row.fontSize;
+  }
+}
+
 TEST(PagedText, AnUprightPageBears112Characters) {
   EXPECT_EQ(upright()->columns(), 120u);
   const Ref<PagedText> pages = upright();

@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <filesystem>
 
 #include "equipment/errors.h"
 #include "equipment/temporary_folder.h"
@@ -90,6 +91,54 @@ TEST_F(SavedPages, ReplaceAnOlderFile) {
   folder.write(u"x", std::string(100'000, 'x'));
   save(folder.pathOf(u"x"));
   EXPECT_EQ(folder.contentOf(u"x"), pdfOf(*pages, u"Ventas"));
+}
+
+class UnshownPages : public SavedPages {
+ protected:
+  UnshownPages() { std::filesystem::current_path(folder.path()); }
+  ~UnshownPages() override { std::filesystem::current_path(before_); }
+
+  void saveUnshown(TextView title) const { saveUnshownPages(*pages, title); }
+
+ private:
+  std::filesystem::path before_ = std::filesystem::current_path();
+};
+
+TEST_F(UnshownPages, TakeTheNextNameThatIsFree) {
+  folder.write(u"Ventas.pdf", "the client's");
+  std::filesystem::create_directory(folder.path() / "Ventas.2.pdf");
+  std::filesystem::create_symlink("nowhere", folder.path() / "Ventas.3.pdf");
+  saveUnshown(u"Ventas");
+  EXPECT_EQ(folder.contentOf(u"Ventas.pdf"), "the client's");
+  EXPECT_FALSE(folder.has(u"nowhere"));
+  EXPECT_EQ(folder.contentOf(u"Ventas.4.pdf"), pdfOf(*pages, u"Ventas"));
+}
+
+TEST_F(UnshownPages, AreAllThere) {
+  for (int i = 0; i < 12; ++i) saveUnshown(u"");
+  for (const TextView name :
+       {u"Informe.pdf", u"Informe.2.pdf", u"Informe.9.pdf", u"Informe.10.pdf", u"Informe.12.pdf"}) {
+    EXPECT_EQ(folder.contentOf(name), pdfOf(*pages, u"")) << toUtf8(name);
+  }
+  EXPECT_FALSE(folder.has(u"Informe.1.pdf"));
+  EXPECT_FALSE(folder.has(u"Informe.13.pdf"));
+}
+
+TEST_F(UnshownPages, CanHaveALongTitle) {
+  const Text title(300, u'x');
+  saveUnshown(title);
+  saveUnshown(title);
+  EXPECT_EQ(folder.contentOf(Text(240, u'x') + u".pdf"), pdfOf(*pages, title));
+  EXPECT_EQ(folder.contentOf(Text(240, u'x') + u".2.pdf"), pdfOf(*pages, title));
+}
+
+TEST_F(UnshownPages, NeedAFolderThatIsThere) {
+  std::filesystem::remove(folder.path());
+  const auto error = errorOf([this] { saveUnshown(u"a/b"); });
+  ASSERT_TRUE(error.has_value());
+  EXPECT_EQ(error->number(), kPathNotFound);
+  EXPECT_EQ(error->description(), u"Path not found: a_b.pdf");
+  EXPECT_EQ(error->lastDllError(), ENOENT);
 }
 
 TEST_F(SavedPages, NeedAFolder) {

@@ -1,5 +1,5 @@
-// A client of the master-detail report: records and values as a person types them, and an account of
-// how it is called.
+// A client of the master-detail report: records and values as a person types them, and an account
+// of how it is called.
 #pragma once
 
 #include <functional>
@@ -18,9 +18,9 @@ class MasterDetailClient final : public clsImplementIDMD {
  public:
   explicit MasterDetailClient(CallLog& log) : log_(log) {}
 
-  TypedValues values;                 // of every section
-  std::vector<TypedValues> records;   // searched first
-  std::vector<Currency> amounts;      // what each record adds to the subtotal
+  TypedValues values;                                       // of every section
+  std::vector<TypedValues> records;                         // searched first
+  std::vector<Currency> amounts;                            // what each record adds to the subtotal
   std::map<std::string, std::vector<std::string>> repeats;  // one text for each pass
   bool canPrint = true;
   bool showsRefusal = false;

@@ -1,7 +1,7 @@
 // Page breaks that lead to themselves: they end in an error before the stack does.
 //
-// Every report runs in a thread with the stack of a small program.  Sanitizers take several times as
-// much of it and get more.
+// Every report runs in a thread with the stack of a small program.  Sanitizers take several times
+// as much of it and get more.
 #include <pthread.h>
 
 #include <functional>
@@ -35,8 +35,8 @@ void onSmallStack(const std::function<void()>& action) {
   pthread_attr_destroy(&attributes);
 }
 
-// An error service that keeps the procedures alone: a thousand descriptions of a thousand words each
-// would be all that the time goes into.
+// An error service that keeps the procedures alone: a thousand descriptions of a thousand words
+// each would be all that the time goes into.
 class TrailKeeper final : public clsError {
  public:
   std::string trail;
@@ -88,9 +88,8 @@ constexpr EndlessBreak kEndlessBreaks[] = {
      "sPrintPageHeader sWriteLine sPrintLine "},
     {"TheWordOfAHeaderThatBreaksManyPages", "{A}{SALTAPAGINA}{SNL,255}\n", 0,
      "sPrintPageHeader sWriteLine sPrintLine "},
-    {"TheWordInTheBodyUnderATopMarginWhichIsCheckedForItToo",
-     "{A}\n{CUERPO=5}\n{SALTAPAGINA}x\n", 1,
-     "sPrintPageHeader sWriteLine sSkipNLines sPrintPageHeader sWriteLine sSkipNLines "},
+    {"TheWordInTheBodyUnderATopMarginWhichIsCheckedForItToo", "{A}\n{CUERPO=5}\n{SALTAPAGINA}x\n",
+     1, "sPrintPageHeader sWriteLine sSkipNLines sPrintPageHeader sWriteLine sSkipNLines "},
     {"ATopMarginAsLongAsThePage", "...NMAXLINPAGINA=3\n{A}\n", 3,
      "sPrintPageHeader sWriteLine sSkipNLines sPrintPageHeader sWriteLine sSkipNLines "},
     {"ATopMarginLongerThanThePage", "...NMAXLINPAGINA=2\n{A}\n", 255,
@@ -114,8 +113,7 @@ TEST_P(MasterDetailEndlessBreak, EndsInError28BeforeTheStackDoes) {
     EXPECT_EQ(errorNumberOf([&] { scene.report->sPrintReport(); }), kOutOfStackSpace);
     const std::string& trail = scene.error->trail;
     EXPECT_TRUE(trail.starts_with(GetParam().trail)) << trail.substr(0, 400);
-    EXPECT_TRUE(trail.ends_with(
-        " sWriteReport sWriteNCopiesOfReport sPrintReport "));
+    EXPECT_TRUE(trail.ends_with(" sWriteReport sWriteNCopiesOfReport sPrintReport "));
     EXPECT_EQ(countOf(trail, "sPrintPageHeader "), kMostPagesWithinPages + 1);
     EXPECT_EQ(scene.world.files->openStreams(), 0);
   });
@@ -132,7 +130,8 @@ TEST_P(MasterDetailEndlessBreak, LeavesNothingBehindForTheNextReport) {
     scene.client->records.clear();
     scene.report->sPrintReport();
     EXPECT_EQ(scene.world.spooler->jobs().back().bytes,
-              "\x1B@\x12" "cab\r\n\r\npie\r\n\x12\f\x1B@");
+              "\x1B@\x12"
+              "cab\r\n\r\npie\r\n\x12\f\x1B@");
   });
 }
 
@@ -155,6 +154,46 @@ TEST(MasterDetailNesting, TwoHundredPagesWithinOneAnotherAreBorne) {
     EXPECT_EQ(countOf(scene.world.spooler->bytes(), "\f"), kMostPagesWithinPages);
   });
 }
+
+// --- Reports that lead to themselves.
+
+struct EndlessReport {
+  const char* shows;
+  const char* callback;  // in which the client prints the report
+};
+
+void PrintTo(const EndlessReport& row, std::ostream* out) { *out << row.shows; }
+
+constexpr EndlessReport kEndlessReports[] = {
+    {"Permission", "fCanExecuteWriteReport"}, {"Header", "fTranslateSpecialVarMD CAB"},
+    {"FirstRecord", "fReadFirstRecord"},      {"Body", "fTranslateSpecialVarMD CODIGO"},
+    {"NextRecord", "fReadNextRecord"},        {"Footer", "fTranslateSpecialVarMD PIE"},
+    {"Pause", "sDisplayPauseDialog"},
+};
+
+class MasterDetailEndlessReport : public ::testing::TestWithParam<EndlessReport> {};
+
+TEST_P(MasterDetailEndlessReport, EndsInError28BeforeTheStackDoes) {
+  onSmallStack([] {
+    Scene scene;
+    scene.client->records.resize(1);
+    scene.client->beforeCall = [&scene](const std::string& call) {
+      if (call.starts_with(GetParam().callback)) scene.report->sPrintReport();
+    };
+    scene.begin("{CAB}\n{CUERPO=2}\n{CODIGO}\n{FINCUERPO}\n{PIE}\n...PAUSA\n");
+    EXPECT_EQ(errorNumberOf([&] { scene.report->sPrintReport(); }), kOutOfStackSpace);
+    EXPECT_EQ(scene.world.files->openStreams(), 0);
+    scene.client->beforeCall = nullptr;
+    scene.begin("...NMAXLINPAGINA=66\ncab\n{CUERPO=1}\n{FINCUERPO}\npie\n");
+    scene.report->sPrintReport();
+    EXPECT_EQ(scene.world.spooler->jobs().back().bytes,
+              "\x1B@\x12"
+              "cab\r\n\r\npie\r\n\x12\f\x1B@");
+  });
+}
+
+INSTANTIATE_TEST_SUITE_P(All, MasterDetailEndlessReport, ::testing::ValuesIn(kEndlessReports),
+                         [](const auto& row) { return std::string(row.param.shows); });
 
 // --- Breaks that look as if they did.
 

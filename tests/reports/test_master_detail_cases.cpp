@@ -21,9 +21,9 @@ namespace tarvo::test {
 namespace {
 
 CaseFile& caseFile() {
-  static CaseFile file("reports/cases/master_detail.case",
-                       {"settings", "template", "values", "records", "repeats", "jobs", "pages",
-                        "calls"});
+  static CaseFile file(
+      "reports/cases/master_detail.case",
+      {"settings", "template", "values", "records", "repeats", "jobs", "pages", "calls"});
   return file;
 }
 

@@ -9,7 +9,8 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
 constexpr const char* kNothingToPrint =
-    "clsMessage.sShowMessageWithTitle \"No se encontró información para imprimir.\", \"Impresión de "
+    "clsMessage.sShowMessageWithTitle \"No se encontró información para imprimir.\", \"Impresión "
+    "de "
     "Informe\"";
 
 constexpr const char* kTemplate =
@@ -191,6 +192,19 @@ TEST_F(MasterDetailReentry, ByInitAndPrintingIsBorne) {
   inEveryCallback([this] {
     init(1);
     errorOfPrinting();
+  });
+}
+
+TEST_F(MasterDetailReentry, ByPrintingIsBorne) {
+  inEveryCallback([this] { errorOfPrinting(); });
+}
+
+TEST_F(MasterDetailReentry, ByInitAndAReportThatFailsIsBorne) {
+  inEveryCallback([this] {
+    init(1);
+    client->fault.raiseAt(5, kOverflow);
+    errorOfPrinting();
+    client->fault.never();
   });
 }
 

@@ -13,19 +13,20 @@ class MasterDetailFaults : public MasterDetailReport {
   MasterDetailFaults() {
     // Two pages and a copy of them; a page break inside the body, a repeated line, a pause, points,
     // and a line that is too long.
-    write("...NMAXLINPAGINA=16\n"
-          "cab {CODIGO} {VIENEN,8}\n"
-          "...pausa\n"
-          "{CUERPO=6}\n"
-          "{NUMERAR,3,0} {CODIGO} {MONTO,8}\n"
-          "{REPEAT}  {TEXTO}\n"
-          "{PRUEBA,VACIO}{SALTAPAGINA}\n"
-          "...\n"
-          "{UNINSERTOCUERPO}\n"
-          "{SNP,2}{NEGRA}ins {CODIGO}\n"
-          "fin\n"
-          "{FINCUERPO}\n" +
-          std::string(255, '-') + "\npie {VAN,8}\n");
+    write(
+        "...NMAXLINPAGINA=16\n"
+        "cab {CODIGO} {VIENEN,8}\n"
+        "...pausa\n"
+        "{CUERPO=6}\n"
+        "{NUMERAR,3,0} {CODIGO} {MONTO,8}\n"
+        "{REPEAT}  {TEXTO}\n"
+        "{PRUEBA,VACIO}{SALTAPAGINA}\n"
+        "...\n"
+        "{UNINSERTOCUERPO}\n"
+        "{SNP,2}{NEGRA}ins {CODIGO}\n"
+        "fin\n"
+        "{FINCUERPO}\n" +
+        std::string(255, '-') + "\npie {VAN,8}\n");
     addRecord("A", "1");
     addRecord("B", "2.5");
     addRecord("C", "40");
@@ -42,7 +43,8 @@ class MasterDetailFaults : public MasterDetailReport {
     client->restart();
   }
 
-  // Prints with a fault at every nth call in turn until none is reached; gives the number of faults.
+  // Prints with a fault at every nth call in turn until none is reached; gives the number of
+  // faults.
   int atEveryCall(Fault& fault, std::int32_t number) {
     for (int nth = 1;; ++nth) {
       begin();
@@ -73,7 +75,10 @@ TEST_F(MasterDetailFaults, StandOnAReportThatHasEverything) {
   EXPECT_EQ(countOf(undisturbed, "----\r\n"), 4) << "a break inside the body has no footer";
   EXPECT_EQ(countOf(undisturbed, "pie "), 2) << "nor has the last page anything to carry";
   EXPECT_EQ(countOf(undisturbed, "  uno\r\n  dos\r\n"), 6);
-  EXPECT_EQ(countOf(undisturbed, "\x1B" "Eins"), 2);
+  EXPECT_EQ(countOf(undisturbed,
+                    "\x1B"
+                    "Eins"),
+            2);
   EXPECT_EQ(world.calls.linesOf("client.sDisplayPauseDialog").size(), 7u);
   EXPECT_EQ(world.calls.linesOf("clsMessage.sWarning").size(), 4u);
 }
@@ -82,9 +87,7 @@ TEST_F(MasterDetailFaults, OfTheSpooler) {
   EXPECT_GT(atEveryCall(world.spooler->fault, kOutOfMemory), 60);
 }
 
-TEST_F(MasterDetailFaults, OfTheClient) {
-  EXPECT_GT(atEveryCall(client->fault, -2147220991), 60);
-}
+TEST_F(MasterDetailFaults, OfTheClient) { EXPECT_GT(atEveryCall(client->fault, -2147220991), 60); }
 
 TEST_F(MasterDetailFaults, OfTheFiles) {
   EXPECT_GT(atEveryCall(world.files->fault, kDeviceError), 100);

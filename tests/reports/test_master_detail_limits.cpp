@@ -26,8 +26,7 @@ class MasterDetailLimits : public MasterDetailReport {
 
 constexpr int kBreaksOfARecord = 255;
 // The comment makes the report forget the word, which would go on breaking pages.
-constexpr const char* kManyPages =
-    "{CUERPO=300}\n{SALTAPAGINA}{SNL,255}x\n...\n{FINCUERPO}\n";
+constexpr const char* kManyPages = "{CUERPO=300}\n{SALTAPAGINA}{SNL,255}x\n...\n{FINCUERPO}\n";
 
 TEST_F(MasterDetailLimits, ThePageAfter32767IsAnOverflow) {
   write(kManyPages);
@@ -162,9 +161,10 @@ TEST_F(MasterDetailLimits, APassAfter32768OfAMeasuredLineIsAnOverflow) {
   answerForever();
   init();
   EXPECT_EQ(errorOfPrinting(), kOverflow);
-  EXPECT_EQ(world.error->trail(),
-            std::string("fCalculateNumberOfLinesToPrintOfBody fRecordToPrintFitsInPage sPrintBody") +
-                kTail);
+  EXPECT_EQ(
+      world.error->trail(),
+      std::string("fCalculateNumberOfLinesToPrintOfBody fRecordToPrintFitsInPage sPrintBody") +
+          kTail);
   EXPECT_EQ(answers(), 32768u);
 }
 
@@ -189,9 +189,10 @@ TEST_F(MasterDetailLimits, MoreThan32767MeasuredLinesAreAnOverflow) {
   answerForever();
   init();
   EXPECT_EQ(errorOfPrinting(), kOverflow);
-  EXPECT_EQ(world.error->trail(),
-            std::string("fCalculateNumberOfLinesToPrintOfBody fRecordToPrintFitsInPage sPrintBody") +
-                kTail);
+  EXPECT_EQ(
+      world.error->trail(),
+      std::string("fCalculateNumberOfLinesToPrintOfBody fRecordToPrintFitsInPage sPrintBody") +
+          kTail);
   EXPECT_EQ(answers(), 129u) << "129 times 255 is more";
 }
 

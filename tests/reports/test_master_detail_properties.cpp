@@ -1,5 +1,5 @@
-// What a master-detail report holds before, during and after it is printed: its properties, its line
-// object, and the operations that a client may call by themselves.
+// What a master-detail report holds before, during and after it is printed: its properties, its
+// line object, and the operations that a client may call by themselves.
 #include <limits>
 
 #include "master_detail_report.h"
@@ -97,8 +97,9 @@ TEST_F(MasterDetailProperties, WithoutInitASecondReportCountsItsLinesOnAndNothin
 }
 
 TEST_F(MasterDetailProperties, AfterPrintingTellHowTheReportEnded) {
-  write("...MEDIACARTA\n...NMAXLINPAGINA=40\n{CUERPO=2}\n{CODIGO}\n{UNINSERTOCUERPO}\nx\n"
-        "{FINCUERPO}\n");
+  write(
+      "...MEDIACARTA\n...NMAXLINPAGINA=40\n{CUERPO=2}\n{CODIGO}\n{UNINSERTOCUERPO}\nx\n"
+      "{FINCUERPO}\n");
   addRecord("A", "1");
   init();
   report->sPrintReport();
@@ -127,6 +128,13 @@ TEST_F(MasterDetailProperties, ASubtotalThatTheClientSetsBeforeIsWhereTheFirstCo
   init(2);
   report->SetMontoSubTotalVan(Currency::ofUnits(10));
   EXPECT_EQ(printed(), "A\r\n 11,00|\r\n\fB\r\n  0,00|\r\n\fA\r\n  1,00|\r\n\fB\r\n  0,00|\r\n");
+}
+
+TEST_F(MasterDetailProperties, ASubtotalThatNoRecordEndedIsOfItsCopyAlone) {
+  write("{CUERPO=0}\n{FINCUERPO}\n{VAN,6}|\n");
+  init(2);
+  report->SetMontoSubTotalVan(Currency::ofUnits(10));
+  EXPECT_EQ(printed(), " 10,00|\r\n" + repeated(5, "\r\n") + "  0,00|\r\n");
 }
 
 // --- Copies.
@@ -272,13 +280,11 @@ TEST_F(MasterDetailReading, AnEmptyMarkerIsFoundAtOnceAndNothingIsRead) {
 }
 
 TEST_F(MasterDetailReading, PassesEmptyLinesOver) {
-  EXPECT_EQ(printReading("{LEE}\n\n\nx{y\nfin\n{CUERPO=0}\n{FINCUERPO}\n", u"X{"),
-            "si\r\nfin\r\n");
+  EXPECT_EQ(printReading("{LEE}\n\n\nx{y\nfin\n{CUERPO=0}\n{FINCUERPO}\n", u"X{"), "si\r\nfin\r\n");
 }
 
 TEST_F(MasterDetailReading, SaysWhenTheMarkerIsNotFoundAndTheSectionEndsThere) {
-  EXPECT_EQ(printReading("{LEE}\ndos\n{CUERPO=0}\n{FINCUERPO}\npie\n", u"{NUNCA"),
-            "no\r\npie\r\n");
+  EXPECT_EQ(printReading("{LEE}\ndos\n{CUERPO=0}\n{FINCUERPO}\npie\n", u"{NUNCA"), "no\r\npie\r\n");
   EXPECT_EQ(lineRead, u"(nada)");
   EXPECT_THAT(world.calls.lines(),
               Contains("clsMessage.sShowMessageWithTitle \"No se encontró línea desde ={NUNCA= en "

@@ -28,8 +28,8 @@ class MasterDetailTemplate : public MasterDetailReport {
 
 struct Constant {
   const char* shows;
-  const char* lines;     // of the template, before its first ordinary one
-  int pageLength;        // 66 when nothing sets it
+  const char* lines;  // of the template, before its first ordinary one
+  int pageLength;     // 66 when nothing sets it
   bool isHalfLetter = false;
 };
 
@@ -87,9 +87,10 @@ TEST_F(MasterDetailTemplate, APageLengthThatIsNoByteIsAnOverflow) {
   for (const char* value : {"256", "-1", "99999999999"}) {
     world.error->reports.clear();
     EXPECT_EQ(errorOf(std::string("...NMAXLINPAGINA=") + value + "\n{CUERPO=1}\n"), kOverflow);
-    EXPECT_EQ(world.error->trail(), std::string("sTranslateConstantAndAssingItsValue "
-                                                "sReadAllFileTranslateConstantsAndAssignsItsValues") +
-                                        kTail);
+    EXPECT_EQ(world.error->trail(),
+              std::string("sTranslateConstantAndAssingItsValue "
+                          "sReadAllFileTranslateConstantsAndAssignsItsValues") +
+                  kTail);
     EXPECT_EQ(world.printer->GetMaxLinPage(), 66) << "nothing is stored";
     EXPECT_EQ(report->GetNumberOfLinesForHalfLetter(), 29);
     EXPECT_EQ(world.files->openStreams(), 0);
@@ -107,9 +108,10 @@ TEST_F(MasterDetailTemplate, ConstantsAreReadAnewForEachCopy) {
     world.printer->SetMaxLinPage(0);
     if (++pauses == 2) write("{CUERPO=1}\n{FINCUERPO}\notro\n");
   };
-  EXPECT_EQ(printed(), "\r\npie\r\n\r\n\r\n"      // copies 1 and 2 fill their four lines
-                       "\r\npie\r\n\r\n\r\n"
-                       "\r\notro\r\n");
+  EXPECT_EQ(printed(),
+            "\r\npie\r\n\r\n\r\n"  // copies 1 and 2 fill their four lines
+            "\r\npie\r\n\r\n\r\n"
+            "\r\notro\r\n");
   EXPECT_EQ(world.printer->GetMaxLinPage(), 0) << "the third copy's template does not say it";
 }
 
@@ -173,8 +175,7 @@ TEST_F(MasterDetailTemplate, ABodyOf51LinesIsAccepted) {
 }
 
 TEST_F(MasterDetailTemplate, TheBodys52ndLineIsError9) {
-  EXPECT_EQ(errorOf("{CUERPO=60}\n" + repeated(52, "x\n") + "{FINCUERPO}\n"),
-            kSubscriptOutOfRange);
+  EXPECT_EQ(errorOf("{CUERPO=60}\n" + repeated(52, "x\n") + "{FINCUERPO}\n"), kSubscriptOutOfRange);
   EXPECT_EQ(world.error->trail(), std::string("sReadAllBodyAndFillLinesArray sPrintBody") + kTail);
   EXPECT_EQ(world.files->openStreams(), 0);
   EXPECT_THAT(world.calls.linesOf("client.fReadFirstRecord"), IsEmpty());
@@ -212,7 +213,8 @@ TEST_F(MasterDetailTemplate, LinesOfAnEarlierCopysBodyAreNotPrintedByAShorterOne
 
 // --- Odd files.
 
-constexpr const char* kTemplate = "cab\n{CUERPO=2}\n{CODIGO}\n{UNINSERTOCUERPO}\nins\n{FINCUERPO}\npie";
+constexpr const char* kTemplate =
+    "cab\n{CUERPO=2}\n{CODIGO}\n{UNINSERTOCUERPO}\nins\n{FINCUERPO}\npie";
 constexpr const char* kPrinted = "cab\r\nA\r\nins\r\npie\r\n";
 
 TEST_F(MasterDetailTemplate, WindowsLineEndsAreLineEnds) {
@@ -276,7 +278,8 @@ TEST_F(MasterDetailTemplate, ALineThatHoldsBothEndsEndsTheHeaderAndBeginsTheFoot
 
 std::string missing() {
   return "clsMessage.sShowMessageWithTitle \"La plantilla de impresión F/FACTURA.ID no fue "
-         "encontrada, chequee su directorio de instalación a ver si encuentra el archivo de nombre: "
+         "encontrada, chequee su directorio de instalación a ver si encuentra el archivo de "
+         "nombre: "
          "FACTURA.ID\", \"Archivo no encontrado\"";
 }
 

@@ -70,9 +70,8 @@ void PrintTo(const Trail& row, std::ostream* out) { *out << row.shows; }
 
 const Trail kTrails[] = {
     // --- Before the first copy.
-    {"NoProfile",
-     [](const Scene&) { modRDPGlobalValues::ofThisThread().refInsImp = nullptr; }, kObjectNotSet,
-     "fCurrentPrinterAlreadySelected sPrintReport"},
+    {"NoProfile", [](const Scene&) { modRDPGlobalValues::ofThisThread().refInsImp = nullptr; },
+     kObjectNotSet, "fCurrentPrinterAlreadySelected sPrintReport"},
     {"MessageOfTheMissingPrinter",
      [](const Scene& s) {
        s.world.printer->SetPrinterName({});
@@ -114,9 +113,8 @@ const Trail kTrails[] = {
     {"FileServiceOfTheConstants",
      [](const Scene& s) { s.world.fileService->fault.raiseAt(2, kTypeMismatch); }, kTypeMismatch,
      "sReadAllFileTranslateConstantsAndAssignsItsValues *"},
-    {"OpeningTheConstants",
-     [](const Scene& s) { s.world.files->fault.raiseAt(1, kDeviceError); }, kDeviceError,
-     "sReadAllFileTranslateConstantsAndAssignsItsValues *"},
+    {"OpeningTheConstants", [](const Scene& s) { s.world.files->fault.raiseAt(1, kDeviceError); },
+     kDeviceError, "sReadAllFileTranslateConstantsAndAssignsItsValues *"},
     {"ConstantAboveAByte", [](const Scene& s) { s.write("...NMAXLINPAGINA=256\n"); }, kOverflow,
      "sTranslateConstantAndAssingItsValue sReadAllFileTranslateConstantsAndAssignsItsValues *"},
     {"CleaningAConstant",
@@ -194,8 +192,8 @@ const Trail kTrails[] = {
      "sPrintBody *"},
     {"ProfileOfTheFitTest", [](const Scene& s) { s.loseProfileInCall("fReadFirstRecord"); },
      kObjectNotSet, "fRecordToPrintFitsInPage sPrintBody *"},
-    {"VariableThatIsMeasured", [](const Scene& s) { s.failInCall("fTranslateSpecialVarMD CODIGO"); },
-     kTypeMismatch,
+    {"VariableThatIsMeasured",
+     [](const Scene& s) { s.failInCall("fTranslateSpecialVarMD CODIGO"); }, kTypeMismatch,
      "sSearchSpecialVarAndTranslate fCalculateNumberOfLinesToPrintOfBody fRecordToPrintFitsInPage "
      "sPrintBody *"},
     {"VariableThatIsPrinted",
@@ -219,7 +217,8 @@ const Trail kTrails[] = {
        s.client.records.resize(3);
        s.failToWriteAfterCall("fTranslateSpecialVarMD PIE", 2);
      },
-     kOutOfMemory, "written sWrite sWriteFormFeed sSkipPage sSkipPageAndPrintPageHeader sPrintBody *"},
+     kOutOfMemory,
+     "written sWrite sWriteFormFeed sSkipPage sSkipPageAndPrintPageHeader sPrintBody *"},
     {"HeaderOfABreak",
      [](const Scene& s) {
        s.client.records.resize(3);
@@ -380,20 +379,41 @@ INSTANTIATE_TEST_SUITE_P(All, MasterDetailTrails, ::testing::ValuesIn(kTrails),
 // Two are left out: fFileName fails for lack of memory alone, and nothing below
 // fCalculateTheNumberOfPrintedLinesOfBody can fail, for both numbers are lines of a page.
 TEST(MasterDetailTrailRows, LeaveNoProcedureOut) {
-  for (const char* procedure :
-       {"fCalculateNumberOfLinesToPrintOfBody", "fCurrentPrinterAlreadySelected",
-        "fExtractNumberOfLinesToReadFromLine", "fHasToSkipPage", "fReadFileUntilLineFrom",
-        "fRecordToPrintFitsInPage", "sAdjustMaxLinPageAndBodyMaxNumLinesIfItsZero",
-        "sCleanAndExtractVariableAndContent", "sOBWrite", "sPrintBody",
-        "sPrintEmptyLinesToFillFreeSpaceFromBodyUntilPageFooter", "sPrintInsertBody", "sPrintLine",
-        "sPrintPageFooter", "sPrintPageHeader", "sPrintReport",
-        "sPrintRequiredsEmptyLinesBeforeInsertBody", "sProcessBodyLinesArrayAndPrint",
-        "sProcessLineToWriteAndPrint", "sProcessLineToWriteAndPrintInsertBody",
-        "sReadAllBodyAndFillLinesArray", "sReadAllFileTranslateConstantsAndAssignsItsValues",
-        "sReadFileFromLineFromToLineUntilAndPrint", "sReadInsertBody",
-        "sSearchSpecialVarAndTranslate", "sSendAlertIDNotFound", "sSkipNLines", "sSkipPage",
-        "sSkipPageAndPrintPageHeader", "sTranslateConstantAndAssingItsValue", "sWriteFormFeed",
-        "sWriteLine", "sWriteLineNoSkipPage", "sWriteNCopiesOfReport", "sWriteReport"}) {
+  for (const char* procedure : {"fCalculateNumberOfLinesToPrintOfBody",
+                                "fCurrentPrinterAlreadySelected",
+                                "fExtractNumberOfLinesToReadFromLine",
+                                "fHasToSkipPage",
+                                "fReadFileUntilLineFrom",
+                                "fRecordToPrintFitsInPage",
+                                "sAdjustMaxLinPageAndBodyMaxNumLinesIfItsZero",
+                                "sCleanAndExtractVariableAndContent",
+                                "sOBWrite",
+                                "sPrintBody",
+                                "sPrintEmptyLinesToFillFreeSpaceFromBodyUntilPageFooter",
+                                "sPrintInsertBody",
+                                "sPrintLine",
+                                "sPrintPageFooter",
+                                "sPrintPageHeader",
+                                "sPrintReport",
+                                "sPrintRequiredsEmptyLinesBeforeInsertBody",
+                                "sProcessBodyLinesArrayAndPrint",
+                                "sProcessLineToWriteAndPrint",
+                                "sProcessLineToWriteAndPrintInsertBody",
+                                "sReadAllBodyAndFillLinesArray",
+                                "sReadAllFileTranslateConstantsAndAssignsItsValues",
+                                "sReadFileFromLineFromToLineUntilAndPrint",
+                                "sReadInsertBody",
+                                "sSearchSpecialVarAndTranslate",
+                                "sSendAlertIDNotFound",
+                                "sSkipNLines",
+                                "sSkipPage",
+                                "sSkipPageAndPrintPageHeader",
+                                "sTranslateConstantAndAssingItsValue",
+                                "sWriteFormFeed",
+                                "sWriteLine",
+                                "sWriteLineNoSkipPage",
+                                "sWriteNCopiesOfReport",
+                                "sWriteReport"}) {
     bool isThere = false;
     for (const Trail& row : kTrails) {
       isThere |= (" " + spelledOut(row.trail) + " ").find(" " + std::string(procedure) + " ") !=

@@ -78,7 +78,8 @@ TEST_F(BypassedTextService, IsNotSeenWhenAnotherServiceFails) {
     for (int call = 1;; ++call) {
       SCOPED_TRACE(call);
       Worlds worlds;
-      worlds.inBoth([&](TranslationWorld& world) { arm(world, call); });
+      worlds.includeUnwatched = false;
+      worlds.inEach([&](TranslationWorld& world) { arm(world, call); });
       const std::string expected = worlds.asked.translate(kLine, everyKind);
       EXPECT_EQ(worlds.bypassed.translate(kLine, everyKind), expected);
       EXPECT_EQ(isPending(worlds.bypassed), isPending(worlds.asked));
@@ -151,7 +152,7 @@ TEST_F(BypassedTextService, IsNotSeenFromWithinAMessage) {
                                 u"xx{@c,XYZ}{F,XYZ,5}", u"x{F,XYZ}y}"}) {
       SCOPED_TRACE(toUtf8(line));
       Worlds worlds;
-      worlds.inBoth([&incident](TranslationWorld& world) {
+      worlds.inEach([&incident](TranslationWorld& world) {
         world.atEachMessage = [&incident, &world] { incident(world); };
       });
       worlds.expectSame(line, giving(u"v"));
@@ -176,8 +177,9 @@ TEST_F(BypassedTextService, IsNotSeenFromWithinAnotherService) {
                                 u"{F}{G,DF(dd)}{H,IIF(\"S\",a,b)}{I,SC}"}) {
       SCOPED_TRACE(toUtf8(line));
       Worlds worlds;
+      worlds.includeUnwatched = false;
       bool isInside = false;
-      worlds.inBoth([&](TranslationWorld& world) {
+      worlds.inEach([&](TranslationWorld& world) {
         world.atEachConversion = world.atEachDate = once(world, incident, isInside);
       });
       worlds.expectSame(line, everyKind);

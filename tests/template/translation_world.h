@@ -1,8 +1,8 @@
 // A whole world for one translator: services, a printer, a line, a source; and an account of all
 // that is to be seen while a template line is translated.
 //
-// Two worlds in which the same happens give the same account, letter by letter, whether the text
-// service is asked for every step or not.
+// Worlds in which the same happens give the same account, letter by letter, whether the services
+// are asked for every step or not.
 #pragma once
 
 #include <functional>
@@ -120,9 +120,10 @@ class DateThatActs final : public ForwardingDate {
 
 class TranslationWorld {
  public:
-  enum TextService { kAsked, kBypassed };
+  // Whether every service is asked, the text service is not, or none of them needs to be.
+  enum TextService { kAsked, kBypassed, kAllBypassed };
 
-  explicit TranslationWorld(TextService service) {
+  explicit TranslationWorld(TextService service) : isWatched_(service != kAllBypassed) {
     use(service);
     printer->SetChrBold(u"[bold]");
     printer->SetChrCondensed(u"[condensed]");
@@ -164,11 +165,14 @@ class TranslationWorld {
     services.refInsError = error;
     services.refInsMessage = operatorWhoActs_;
     services.refInsTexto = texto;
-    services.refInsConvert = convert;
-    services.refInsUtilDate = dates;
-    services.refInsUtilMathOperations = math;
+    services.refInsConvert = isWatched_ ? Ref<clsConvert>(convert) : plainConvert_;
+    services.refInsUtilDate = isWatched_ ? Ref<clsUtilDate>(dates) : plainDates_;
+    services.refInsUtilMathOperations = isWatched_ ? Ref<clsUtilMathOperations>(math) : plainMath_;
     services.refInsImp = printer;
   }
+
+  // In a world in which no service is watched.
+  void usePlain(Ref<clsConvert> service) { plainConvert_ = std::move(service); }
 
   // What happens before the operator, or a service, answers.
   Happening atEachMessage;
@@ -207,6 +211,10 @@ class TranslationWorld {
            (variable ? wholeDumpOf(*variable) : "none");
   }
 
+  bool isWatched_;
+  Ref<clsConvert> plainConvert_ = make<LibTarvoCI::clsConvert>();
+  Ref<clsUtilDate> plainDates_ = make<LibTarvoCI::clsUtilDate>();
+  Ref<clsUtilMathOperations> plainMath_ = make<LibTarvoCI::clsUtilMathOperations>();
   Ref<OperatorWhoActs> operatorWhoActs_ = make<OperatorWhoActs>(message, atEachMessage);
 };
 

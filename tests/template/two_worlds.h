@@ -1,6 +1,6 @@
-// Two worlds that differ in the text service alone, and in which the same must happen: one in which
-// it is asked for every step, one in which it is not.  Every other service writes down its calls in
-// both.
+// Worlds that differ in the services alone, and in which the same must happen: one in which the
+// text service is asked for every step, one in which it is not, and one in which no service is
+// asked more than it must be.  In the first two every other service writes down its calls.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -16,22 +16,28 @@ class BypassedTextService : public ::testing::Test {
   struct Worlds {
     TranslationWorld asked{TranslationWorld::kAsked};
     TranslationWorld bypassed{TranslationWorld::kBypassed};
+    TranslationWorld unwatched{TranslationWorld::kAllBypassed};
+    bool includeUnwatched = true;  // false: what happens comes from a watched service
 
-    // What happens in both before a line; the operator always loses patience.
+    // What happens in each before a line; the operator always loses patience.
     template <class Action>
-    void inBoth(Action action) {
+    void inEach(Action action) {
       action(asked);
       action(bypassed);
+      if (includeUnwatched) action(unwatched);
     }
 
     std::string expectSame(TextView line, const SourceAction& action) {
-      inBoth([](TranslationWorld& world) {
+      inEach([](TranslationWorld& world) {
         constexpr int kMostMessages = 30;
         if (!world.message->fault.isPending()) world.message->fault.raiseAt(kMostMessages, kRaised);
       });
       std::string expected = asked.translate(line, action);
       EXPECT_EQ(bypassed.translate(line, action), expected);
       EXPECT_EQ(formattingOf(bypassed), formattingOf(asked));
+      if (includeUnwatched) {
+        EXPECT_EQ(unwatched.translate(line, action), expected);
+      }
       return expected;
     }
 

@@ -308,6 +308,31 @@ TEST_F(FormMembers, AnOptionIsChosenByClickOrValue) {
   EXPECT_EQ("text", last);
 }
 
+TEST_F(FormMembers, TakeNumbersOfAnyKind) {
+  whileShown([](LateObject& form, LateObject&) {
+    LateObject& text = objectIn(at(form, std::int16_t{1}));
+    EXPECT_EQ(&text, &objectIn(at(form, Currency::ofUnits(1))));
+    EXPECT_EQ(&text, &objectIn(at(form, 0.75)));
+    EXPECT_EQ(kOverflow, errorNumberOf([&] { at(form, 1e10); }));
+    text.put(u"Value", {}, Currency{});
+    EXPECT_EQ(Value(false), text.get(u"Value", {}));
+    text.put(u"Value", {}, Currency{1});
+    EXPECT_EQ(Value(true), text.get(u"Value", {}));
+    objectIn(form.get(u"cmdContinue", {})).put(u"Value", {}, Currency::ofUnits(-1));
+    return "";
+  });
+  EXPECT_EQ("text", last);
+}
+
+TEST_F(FormMembers, SayWhatIsAMethod) {
+  whileShown([](LateObject& form, LateObject& button) {
+    EXPECT_TRUE(button.hasMethod(u"click"));
+    EXPECT_FALSE(button.hasMethod(u"Value"));
+    EXPECT_FALSE(form.hasMethod(u"Caption"));
+    return "";
+  });
+}
+
 TEST_F(FormMembers, AButtonsValueIsFalseAndTrueIsAClick) {
   whileShown([](LateObject& form, LateObject& button) {
     EXPECT_EQ(Value(false), button.get(u"Value", {}));
@@ -330,7 +355,7 @@ TEST_F(FormMembers, OthersDoNotExist) {
     EXPECT_EQ(kTypeMismatch, errorNumberOf([&] { button.put(u"Value", {}, Text(u"True")); }));
     EXPECT_EQ(kTypeMismatch, errorNumberOf([&] { at(form, Text(u"0")); }));
     EXPECT_EQ(kWrongNumberOfArguments, errorNumberOf([&] { form.get(u"optPrintingMode", {}); }));
-    for (const double index : {-1.0, 0.5, 2.0}) {
+    for (const double index : {-1.0, 1.5, 2.0}) {
       EXPECT_EQ(kSubscriptOutOfRange, errorNumberOf([&] { at(form, index); })) << index;
     }
     return "";

@@ -242,6 +242,9 @@ class BothSides : public testing::Test {
   std::string takeMessages() { return std::exchange(shown_, {}); }
   std::string takeOwnMessages() { return std::exchange(ownMessages_->shown, {}); }
 
+  // The server's message service.
+  client::FakeService messages_;
+
  private:
   static constexpr TextView kCodes[] = {u"<cond>", u"<norm>",  u"<exp>",   u"</exp>",
                                         u"<bold>", u"<light>", u"<under>", u"</under>"};
@@ -268,7 +271,6 @@ class BothSides : public testing::Test {
   }
 
   Ref<OwnMessages> ownMessages_;
-  client::FakeService messages_;
   std::string shown_;
 };
 

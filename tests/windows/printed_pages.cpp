@@ -2,11 +2,18 @@
 //
 //   printed_pages PRINTER
 //
-// One job for each kind of page; test_page_output_printed.py looks at them.  Ends with 42.
+// One job for each kind of page, and one from the preview window, in whose dialog an operator asks
+// for two of the pages; test_page_output_printed.py looks at them.  Ends with 42.
+#include <windows.h>
+// windows.h must come first.
+#include <dlgs.h>
+#include <winspool.h>
+
 #include <cstdio>
 
 #include "frame/run_time_error.h"
 #include "graphic/page_output.h"
+#include "ui/preview_operator.h"
 
 namespace tarvo {
 namespace {
@@ -40,13 +47,40 @@ void printAll(TextView printer) {
   output->print(make<PagedText>(PageFormat()), u"Sin filas", printer);
 }
 
+DWORD WINAPI printPages2And3(void*) {
+  const HWND window = test::Operator::waitForWindow(L"Desde la ventana");
+  test::Operator::giveInput(window);
+  test::press('P', VK_CONTROL);
+  const HWND dialog = test::Operator::waitForDialog();
+  SendDlgItemMessageW(dialog, rad3, BM_CLICK, 0, 0);
+  SetDlgItemTextW(dialog, edt1, L"2");
+  SetDlgItemTextW(dialog, edt2, L"3");
+  PostMessageW(dialog, WM_COMMAND, IDOK, 0);
+  test::comesTrue([dialog] { return !IsWindow(dialog); });
+  // It is back when it has printed.
+  test::comesTrue([window] { return IsWindowEnabled(window); });
+  PostMessageW(window, WM_CLOSE, 0, 0);
+  return 0;
+}
+
+void printFromWindow(TextView printer) {
+  const std::wstring name(printer.begin(), printer.end());
+  SetDefaultPrinterW(name.c_str());
+  const HANDLE person = CreateThread(nullptr, 0, &printPages2And3, nullptr, 0, nullptr);
+  platform::makePageOutput()->show(ruledPages({}, 250), u"Desde la ventana", true);
+  WaitForSingleObject(person, INFINITE);
+  CloseHandle(person);
+}
+
 }  // namespace
 }  // namespace tarvo
 
 int main(int count, char** words) {
   if (count != 2) return 2;
   try {
-    tarvo::printAll(tarvo::fromUtf8(words[1]));
+    const tarvo::Text printer = tarvo::fromUtf8(words[1]);
+    tarvo::printAll(printer);
+    tarvo::printFromWindow(printer);
   } catch (const tarvo::RunTimeError& error) {
     std::puts(error.what());
     return 1;

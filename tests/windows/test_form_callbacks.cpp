@@ -1,5 +1,6 @@
 // Callback objects of the form report's clients.
 #include "callback_test.h"
+#include "early_bound_form.h"
 #include "fake_service.h"
 
 namespace tarvo::com {
@@ -11,39 +12,7 @@ constexpr HRESULT kOwnError = static_cast<HRESULT>(0x80040201);
 
 class FormCallbacks : public CallbackTestOf<clsFormCallbackProbe> {};
 
-class EarlyBoundForm final : public _clsImplementIDTraduc {
- public:
-  int pauses = 0;
-  HRESULT failure = S_OK;
-
-  STDMETHODIMP fTranslateSpecialVar(_clsObLineCharacts** line, VARIANT_BOOL* result) override {
-    ComPtr<_clsObSpecialVar> variable;
-    (*line)->GetSpecialVar(variable.out());
-    *result = fieldOf(*line) == "NADIE" ? VARIANT_FALSE : VARIANT_TRUE;
-    const Bstr value(u"valor");
-    const HRESULT status = variable->SetContentString(value.get());
-    return FAILED(failure) ? failure : status;
-  }
-  STDMETHODIMP sDisplayPauseDialog() override {
-    ++pauses;
-    return failure;
-  }
-
-  STDMETHODIMP QueryInterface(REFIID id, void** result) override {
-    const bool isKnown = id == IID_IUnknown || id == __uuidof(_clsImplementIDTraduc);
-    *result = isKnown ? this : nullptr;
-    return isKnown ? S_OK : E_NOINTERFACE;
-  }
-  STDMETHODIMP_(ULONG) AddRef() override { return 2; }
-  STDMETHODIMP_(ULONG) Release() override { return 1; }
-  STDMETHODIMP GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
-  STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
-  STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override { return E_NOTIMPL; }
-  STDMETHODIMP Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*,
-                      UINT*) override {
-    return E_NOTIMPL;
-  }
-};
+using client::EarlyBoundForm;
 
 TEST_F(FormCallbacks, AreCalledThroughTheirInterface) {
   EarlyBoundForm client;

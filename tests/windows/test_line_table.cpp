@@ -103,8 +103,7 @@ TEST(LineTableOfWindows, KeepsTheCharactersOfTheCodePageAndAllControls) {
   expectSameAnswers(steps);
 }
 
-// Wine's record set keeps these too; see the note on it in platform/win32/ado_line_table.cpp.
-TEST(LineTableOfWindows, KeepsOtherCharactersInWine) {
+TEST(LineTableOfWindows, KeepsOtherCharacters) {
   expectSameAnswers({add(u"Ж 漢 😀"), kText, kFirst, kText});
 }
 

@@ -93,17 +93,17 @@ def test(test):
     with print_server(jobs) as socket:
         result = subprocess.run(
             [TESTS / "equipment/wine/run.sh", test.bits, "--timeout", "60", "--success", "42",
-             "--cups", socket, "--", test.library.parent / "printed_pages.exe", "rawq"],
+             "--cups", socket, "--display", "--", test.library.parent / "printed_pages.exe", "rawq"],
             stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True,
             check=False)
         if result.returncode == SKIPPED:
             raise Skip(result.stdout.strip())
         expect_equal(f"exit code; {result.stdout}", 0, result.returncode)
-        private_cups("wait", jobs, "3")
-        expect_equal("the jobs' names", ["Relación nº 1", "Hoja ancha", "Sin filas"],
+        private_cups("wait", jobs, "4")
+        expect_equal("the jobs' names", ["Relación nº 1", "Hoja ancha", "Sin filas", "Desde la ventana"],
                      private_cups("job_names", jobs).splitlines())
 
-    first, wide, empty = (jobs / f"job-{number}.prn" for number in (1, 2, 3))
+    first, wide, empty, chosen = (jobs / f"job-{number}.prn" for number in (1, 2, 3, 4))
     rows = expected_rows(120, 70)
     pages = printed_pages(first)
     expect_equal("pages of the first job", 2, len(pages))
@@ -118,6 +118,12 @@ def test(test):
 
     pages = printed_pages(empty)
     expect_equal("a report without rows", [[]], pages)
+
+    rows = expected_rows(120, 250)
+    pages = printed_pages(chosen)
+    expect_equal("pages that were asked for", 2, len(pages))
+    expect_page("page 2", rows[66:132], Upright(), pages[0])
+    expect_page("page 3", rows[132:198], Upright(), pages[1])
 
 
 if __name__ == "__main__":

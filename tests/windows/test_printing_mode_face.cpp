@@ -37,6 +37,10 @@ class Thing final : public LateObject {
     if (equalIgnoringAsciiCase(name, "Sink")) throw RunTimeError(kNoSuchMember, u"debajo");
     throw RunTimeError(kNoSuchMember, name);
   }
+  bool hasMethod(TextView name) override {
+    return equalIgnoringAsciiCase(name, "Echo") || equalIgnoringAsciiCase(name, "Fail") ||
+           equalIgnoringAsciiCase(name, "Sink");
+  }
   Value get(TextView name, std::span<const Value> indexes) override {
     record("get", name, indexes);
     if (equalIgnoringAsciiCase(name, "Text")) return text;
@@ -201,12 +205,20 @@ TEST_F(LateFace, ReadsAndWritesProperties) {
 TEST_F(LateFace, TakesAnUnclearCallForAMethodFirst) {
   ASSERT_EQ(S_OK, invoke(L"Echo", kEither));
   ASSERT_EQ(S_OK, invoke(L"Text", kEither));
-  EXPECT_EQ("call Echo; call Text; get Text; ", thing_->log);
+  EXPECT_EQ("call Echo; get Text; ", thing_->log);
   thing_->log.clear();
   EXPECT_EQ(DISP_E_EXCEPTION, invoke(L"Echo", DISPATCH_PROPERTYGET));
   EXPECT_EQ(DISP_E_EXCEPTION, invoke(L"Text", DISPATCH_METHOD));
   EXPECT_EQ(DISP_E_EXCEPTION, invoke(L"Fail", kEither));
   EXPECT_EQ("get Echo; call Text; call Fail; ", thing_->log);
+}
+
+// What a method finds missing in another object is not the method itself.
+TEST_F(LateFace, HandsOutAMissingMemberFromInsideAMethod) {
+  EXPECT_EQ(DISP_E_EXCEPTION, invoke(L"Sink", kEither));
+  EXPECT_THAT(error_, testing::StartsWith("438 "));
+  EXPECT_THAT(error_, testing::HasSubstr("debajo"));
+  EXPECT_EQ("call Sink; ", thing_->log);
 }
 
 TEST_F(LateFace, HandsOutErrorsWhole) {

@@ -142,13 +142,10 @@ class LateObjectFace final : public IDispatch, public ISupportErrorInfo {
   }
 
   Value ask(TextView name, WORD flags, const ValueArray& values) {
-    if ((flags & DISPATCH_METHOD) == 0) return object_->get(name, values);
-    try {
-      return object_->call(name, values);
-    } catch (const RunTimeError& error) {
-      if (error.number() != kNoSuchMember || (flags & DISPATCH_PROPERTYGET) == 0) throw;
-    }
-    return object_->get(name, values);
+    const bool mayBeMethod = (flags & DISPATCH_METHOD) != 0;
+    const bool mayBeProperty = (flags & DISPATCH_PROPERTYGET) != 0;
+    const bool isMethod = mayBeMethod && (!mayBeProperty || object_->hasMethod(name));
+    return isMethod ? object_->call(name, values) : object_->get(name, values);
   }
 
   Ref<LateObject> object_;

@@ -7,7 +7,8 @@
 // A name gets its number when it is asked for, whether or not there is such a member: the object
 // itself says so (438) when it is called.  Arguments are values, in their order; what the object
 // changes in them does not come back.  A call that may mean a method or a property, as scripts make
-// it, is a method where the object has one of that name.
+// it, is a method where the object has one of that name
+// (LateObject::hasMethod).
 //
 // Threads: the apartment's.
 #pragma once

@@ -24,27 +24,51 @@ class LateObjectProxy final : public LateObject, public OutsideObject {
   }
 
   Value call(TextView name, std::span<const Value> arguments) override {
-    return run(name, DISPATCH_METHOD | DISPATCH_PROPERTYGET, arguments, nullptr);
+    return ask(name, DISPATCH_METHOD | DISPATCH_PROPERTYGET, arguments);
   }
   Value get(TextView name, std::span<const Value> indexes) override {
-    return run(name, DISPATCH_PROPERTYGET, indexes, nullptr);
+    return ask(name, DISPATCH_PROPERTYGET, indexes);
   }
   void put(TextView name, std::span<const Value> indexes, const Value& value) override {
-    run(name, DISPATCH_PROPERTYPUT, indexes, &value);
+    const DISPID id = named_.idOf(name);
+    // An object is set; a property that only takes values may still take it as one.
+    const bool isSet = value.tryGet<Ref<Object>>() != nullptr &&
+                       store(id, DISPATCH_PROPERTYPUTREF, indexes, value);
+    if (!isSet && !store(id, DISPATCH_PROPERTYPUT, indexes, value)) {
+      throw RunTimeError(kNoSuchMember, name);
+    }
   }
 
  private:
-  Value run(TextView name, WORD flags, std::span<const Value> arguments, const Value* newValue) {
-    const std::size_t count = arguments.size() + (newValue != nullptr ? 1 : 0);
-    std::deque<Variant> owned(count);
-    for (std::size_t i = 0; i < arguments.size(); ++i) variantFromValue(arguments[i], owned[i]);
-    if (newValue != nullptr) variantFromValue(*newValue, owned.back());
-    std::vector<VARIANT> slots(owned.begin(), owned.end());
+  // Arguments in their order, as long as the call lasts.
+  class Outgoing {
+   public:
+    explicit Outgoing(std::span<const Value> values) : owned_(values.size()) {
+      for (std::size_t i = 0; i < values.size(); ++i) variantFromValue(values[i], owned_[i]);
+    }
+    void add(const Value& value) { variantFromValue(value, owned_.emplace_back()); }
+    std::vector<VARIANT> slots() const { return {owned_.begin(), owned_.end()}; }
+
+   private:
+    std::deque<Variant> owned_;
+  };
+
+  Value ask(TextView name, WORD flags, std::span<const Value> arguments) {
+    const Outgoing out(arguments);
+    std::vector<VARIANT> slots = out.slots();
     Variant result;
-    named_.invoke(named_.idOf(name), flags, slots, newValue == nullptr ? &result : nullptr);
+    named_.invoke(named_.idOf(name), flags, slots, &result);
     Value value;
     valueFromVariant(result, value);
     return value;
+  }
+
+  // False when the object has no property that is written in this way.
+  bool store(DISPID id, WORD flags, std::span<const Value> indexes, const Value& value) {
+    Outgoing out(indexes);
+    out.add(value);
+    std::vector<VARIANT> slots = out.slots();
+    return named_.invokeIfThere(id, flags, slots, nullptr);
   }
 
   NamedAccess named_;

@@ -4,6 +4,7 @@
 #include "frame/com/public_com_classes.h"
 #include "frame/com/server.h"
 #include "frame/thread_values.h"
+#include "platform/win32/preview_window.h"
 #include "public_classes.h"
 
 namespace tarvo::com {
@@ -30,13 +31,16 @@ Ref<Object> makeProxyOf(IUnknown* object, const ClassInfo& contract) {
   return proxy ? proxy : makeCallbackProxy(object, contract);
 }
 
+// A preview's window calls this library's code for as long as it is there.
+bool somethingNeedsTheLibrary() { return anyThreadHoldsServices() || platform::anyPreviewIsOpen(); }
+
 }  // namespace
 
 const ServerDescription& serverDescription() {
   static const auto classes = comClasses(PublicClasses{});
   static const ServerDescription description = [] {
     setVersionRegistryMaker(&makeVersionRegistry);
-    return ServerDescription{&kPrintLibrary, classes, &makeProxyOf, &anyThreadHoldsServices};
+    return ServerDescription{&kPrintLibrary, classes, &makeProxyOf, &somethingNeedsTheLibrary};
   }();
   return description;
 }

@@ -24,14 +24,13 @@ DISPID NamedAccess::idOf(TextView name) const {
   return id;
 }
 
-void NamedAccess::invoke(DISPID id, WORD flags, std::span<VARIANT> arguments,
-                         VARIANT* result) const {
+HRESULT NamedAccess::status(DISPID id, WORD flags, std::span<VARIANT> arguments, VARIANT* result,
+                            EXCEPINFO& exception) const {
   std::reverse(arguments.begin(), arguments.end());
   DISPID putName = DISPID_PROPERTYPUT;
   const bool isPut = (flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0;
   DISPPARAMS parameters{arguments.data(), isPut ? &putName : nullptr,
                         static_cast<UINT>(arguments.size()), isPut ? 1u : 0u};
-  EXCEPINFO exception{};
   UINT argumentInError = 0;
   SetErrorInfo(0, nullptr);
   const HRESULT status = extended_
@@ -40,8 +39,24 @@ void NamedAccess::invoke(DISPID id, WORD flags, std::span<VARIANT> arguments,
                              : dispatch_->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, flags,
                                                  &parameters, result, &exception, &argumentInError);
   std::reverse(arguments.begin(), arguments.end());
+  return status;
+}
+
+void NamedAccess::invoke(DISPID id, WORD flags, std::span<VARIANT> arguments,
+                         VARIANT* result) const {
+  EXCEPINFO exception{};
+  const HRESULT outcome = status(id, flags, arguments, result, exception);
   // A script's error may come as a bare status, with nothing filled in.
-  if (FAILED(status)) raiseForeignError(status, &exception);
+  if (FAILED(outcome)) raiseForeignError(outcome, &exception);
+}
+
+bool NamedAccess::invokeIfThere(DISPID id, WORD flags, std::span<VARIANT> arguments,
+                                VARIANT* result) const {
+  EXCEPINFO exception{};
+  const HRESULT outcome = status(id, flags, arguments, result, exception);
+  if (outcome == DISP_E_MEMBERNOTFOUND) return false;
+  if (FAILED(outcome)) raiseForeignError(outcome, &exception);
+  return true;
 }
 
 ContractAccess::ContractAccess(IUnknown* object, const ClassInfo& contract)

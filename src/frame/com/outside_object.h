@@ -33,9 +33,15 @@ class NamedAccess {
   // `arguments` in their order; `result` may be null.  Raises: what the member raises.
   void invoke(DISPID id, WORD flags, std::span<VARIANT> arguments, VARIANT* result) const;
 
+  // The same, but false when the object itself has no member of that number for such a use.
+  bool invokeIfThere(DISPID id, WORD flags, std::span<VARIANT> arguments, VARIANT* result) const;
+
   IDispatch* dispatch() const noexcept { return dispatch_.get(); }
 
  private:
+  HRESULT status(DISPID id, WORD flags, std::span<VARIANT> arguments, VARIANT* result,
+                 EXCEPINFO& exception) const;
+
   ComPtr<IDispatchEx> extended_;
   ComPtr<IDispatch> dispatch_;
 };

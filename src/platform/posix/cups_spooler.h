@@ -1,11 +1,7 @@
 // The CUPS back-end of the spooler port: every document is a raw job in a CUPS queue.
 //
-// The printer's name is the queue's, or "queue/instance" for the options that the user keeps under
-// that name (lpoptions(1)); an instance that is not known has the queue's.  The server is the one
-// that libcups finds (CUPS_SERVER, client.conf), the user is the one who runs the program.  The
-// document's name is the job's title, cut to the 255 bytes that a server takes, with blanks for
-// control characters; an empty one leaves the title to the server.  An output file and a data type
-// are not looked at: data are always sent as raw.
+// Printers' names are those of cups_queue.h, and the document's name is the job's title, as is said
+// there.  An output file and a data type are not looked at: data are always sent as raw.
 //
 // A document is collected in a temporary file ($TMPDIR, else /tmp) and submitted when it ends, all
 // at once: a pause of the operator cannot time a connection out, and memory stays the same whatever

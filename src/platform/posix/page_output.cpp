@@ -7,24 +7,23 @@
 // as the viewer's window.
 //
 // print: the PDF is one job of the queue, in the format application/pdf, so the queue's filters
-// make of it what its printer wants.  Names are those of cups_spooler.h: "queue", "queue/instance".
+// make of it what its printer wants.  Names are those of cups_queue.h.
 #include "graphic/page_output.h"
 
-#include <cups/cups.h>
 #include <fcntl.h>
 #include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <cerrno>
 #include <cstdlib>
-#include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "graphic/pdf_writer.h"
 #include "graphic/saved_pages.h"
+#include "platform/posix/cups_queue.h"
 
 namespace tarvo {
 namespace {
@@ -84,96 +83,31 @@ bool openInViewer(std::string path, bool modal) {
 
 // --- The printer.
 
-struct FreeDestination {
-  void operator()(cups_dest_t* destination) const noexcept { cupsFreeDests(1, destination); }
-};
-using Destination = std::unique_ptr<cups_dest_t, FreeDestination>;
-
-// The queue of that name with the user's options for it; none when the server has none, or is away.
-Destination findDestination(const std::string& queue, const std::string& instance) {
-  return Destination(cupsGetNamedDest(CUPS_HTTP_DEFAULT, queue.c_str(),
-                                      instance.empty() ? nullptr : instance.c_str()));
+[[noreturn]] void fail(TextView printerName, const CupsOutcome& outcome) {
+  setLastSystemError(outcome.code);
+  failToPrint(printerName, fromUtf8(outcome.reason));
 }
-
-// What a server takes as a title: 255 bytes of whole characters, none of them a control.
-std::string jobTitle(TextView title) {
-  constexpr std::size_t kLongest = 255;
-  std::string bytes = toUtf8(title);
-  std::size_t length = std::min(bytes.size(), kLongest);
-  while (length < bytes.size() && (static_cast<unsigned char>(bytes[length]) & 0xC0) == 0x80) {
-    --length;
-  }
-  bytes.resize(length);
-  for (char& byte : bytes) {
-    if (static_cast<unsigned char>(byte) < ' ' || byte == 0x7F) byte = ' ';
-  }
-  return bytes;
-}
-
-bool sendDocument(const char* queue, int job, const char* title, std::string_view document) {
-  if (cupsStartDocument(CUPS_HTTP_DEFAULT, queue, job, title, CUPS_FORMAT_PDF, 1) !=
-      HTTP_STATUS_CONTINUE) {
-    return false;
-  }
-  const bool sent = cupsWriteRequestData(CUPS_HTTP_DEFAULT, document.data(), document.size()) ==
-                    HTTP_STATUS_CONTINUE;
-  return cupsFinishDocument(CUPS_HTTP_DEFAULT, queue) <= IPP_STATUS_OK_CONFLICTING && sent;
-}
-
-// What the server answered last, before anything else is asked of it.
-[[noreturn]] void failWithAnswer(TextView printerName) {
-  setLastSystemError(cupsLastError());
-  const char* reason = cupsLastErrorString();
-  failToPrint(printerName, fromUtf8(reason != nullptr ? reason : ""));
-}
-
-// Cancels a job unless it is complete: half a job must not wait in the queue.
-class Job {
- public:
-  Job(const cups_dest_t& destination, const char* title)
-      : queue_(destination.name),
-        number_(cupsCreateJob(CUPS_HTTP_DEFAULT, queue_, title, destination.num_options,
-                              destination.options)) {}
-  Job(const Job&) = delete;
-  Job& operator=(const Job&) = delete;
-  ~Job() {
-    if (number_ != 0 && !isComplete_) cupsCancelJob2(CUPS_HTTP_DEFAULT, queue_, number_, 0);
-  }
-
-  bool send(const char* title, std::string_view document) {
-    isComplete_ = number_ != 0 && sendDocument(queue_, number_, title, document);
-    return isComplete_;
-  }
-
- private:
-  const char* queue_;
-  int number_;
-  bool isComplete_ = false;
-};
 
 void submit(TextView printerName, TextView title, std::string_view document) {
-  const std::string name = toUtf8(printerName);
-  const std::size_t slash = name.find('/');
-  const std::string queue = name.substr(0, slash);
-  // No name would be the default printer, and what follows a character 0 would be ignored.
-  if (queue.empty() || name.find('\0') != std::string::npos) failToPrint(printerName, {});
-  const std::string instance = slash == std::string::npos ? "" : name.substr(slash + 1);
-  const Destination destination = findDestination(queue, instance);
-  if (!destination) failWithAnswer(printerName);
-  const std::string titleBytes = jobTitle(title);
-  const char* const givenTitle = titleBytes.empty() ? nullptr : titleBytes.c_str();
-  Job job(*destination, givenTitle);
-  if (!job.send(givenTitle, document)) failWithAnswer(printerName);
+  CupsQueue queue;
+  const CupsOutcome opened = queue.open(printerName);
+  if (!opened.isDone()) fail(printerName, opened);
+  const auto wholeAtOnce = [&document](std::string_view& piece) {
+    piece = std::exchange(document, {});
+    return 0;
+  };
+  const CupsOutcome submitted = queue.submit(title, CupsFormat::kPdf, wholeAtOnce);
+  if (!submitted.isDone()) fail(printerName, submitted);
 }
 
 class PosixPageOutput final : public PageOutput {
  public:
   void show(const Ref<const PagedText>& pages, TextView title, bool modal) override {
-    if (!hasDisplay()) return savePages(*pages, title, {});
+    if (!hasDisplay()) return saveUnshownPages(*pages, title);
     const std::string path = writeTemporary(pdfOf(*pages, title));
     if (openInViewer(path, modal)) return;
     unlink(path.c_str());
-    savePages(*pages, title, {});
+    saveUnshownPages(*pages, title);
   }
 
   void print(const Ref<const PagedText>& pages, TextView title, TextView printerName) override {

@@ -10,11 +10,11 @@
 //   - a new row comes behind all others, or behind the present one and in the place of the next, so
 //     the last one has to be the present one;
 //   - the column's size is a limit, or not looked at, so it is the table that refuses longer lines.
-// A system whose code page lacks a character of a line may keep another one in its place: the
-// column is one of eight-bit text.
+// For the outside the table is that record set: a report component of any kind reads it itself.
 #include <string>
 
 #include "frame/com/error_info.h"
+#include "frame/com/outside_object.h"
 #include "graphic/line_table.h"
 
 namespace tarvo::platform {
@@ -28,7 +28,7 @@ constexpr IID kRecordsetInterface = {
     0x00000556, 0x0000, 0x0010, {0x80, 0x00, 0x00, 0xAA, 0x00, 0x6D, 0x2E, 0xA4}};
 
 constexpr LONG kClientSide = 3;
-constexpr LONG kVariableText = 200;
+constexpr LONG kVariableWideText = 202;
 constexpr LONG kUnspecified = -1;
 constexpr LONG kOpen = 1;  // a bit of the state
 
@@ -94,18 +94,25 @@ void checkUnlessMissing(HRESULT status) {
   if (FAILED(status) && status != E_NOTIMPL) com::raiseForeignError(status, nullptr);
 }
 
-class AdoLineTable final : public LineTable {
+ComPtr<IUnknown> makeRecordset() {
+  ComPtr<IUnknown> rows;
+  if (FAILED(CoCreateInstance(kRecordset, nullptr, CLSCTX_INPROC_SERVER, kRecordsetInterface,
+                              rows.outVoid()))) {
+    throw RunTimeError(kCannotCreateObject, u"ADODB.Recordset");
+  }
+  return rows;
+}
+
+class AdoLineTable final : public LineTable, public com::OutsideObject {
  public:
-  AdoLineTable() {
-    if (FAILED(CoCreateInstance(kRecordset, nullptr, CLSCTX_INPROC_SERVER, kRecordsetInterface,
-                                rows_.outVoid()))) {
-      throw RunTimeError(kCannotCreateObject, u"ADODB.Recordset");
-    }
+  AdoLineTable() : AdoLineTable(makeRecordset()) {}
+
+  explicit AdoLineTable(ComPtr<IUnknown> rows) : OutsideObject(rows.get()), rows_(std::move(rows)) {
     checkUnlessMissing(recordset::PutCursorLocation::status(rows_.get(), kClientSide));
     ComPtr<IUnknown> columns;
     recordset::Fields::call(rows_.get(), columns.out());
     const com::Bstr name(kLineColumn);
-    fields::Append::call(columns.get(), name.get(), kVariableText, kLongestLine, kUnspecified,
+    fields::Append::call(columns.get(), name.get(), kVariableWideText, kLongestLine, kUnspecified,
                          omitted());
     recordset::Open::call(rows_.get(), omitted(), omitted(), kUnspecified, kUnspecified,
                           kUnspecified);

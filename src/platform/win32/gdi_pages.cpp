@@ -45,12 +45,6 @@ class SavedDevice {
   int state_;
 };
 
-// From a row's upper edge; the letters fill the middle of the row.
-std::int32_t baselineOf(const PageFormat& format) noexcept {
-  const std::int32_t fontHeight = format.fontSize * kTwipsPerPoint;
-  return (format.rowHeight - fontHeight) / 2 + fontHeight * 4 / 5;
-}
-
 class PageDrawing {
  public:
   PageDrawing(HDC device, const PagedText& pages, const PagePlacement& placement)
@@ -72,7 +66,7 @@ class PageDrawing {
     if (text.empty()) return true;
     const PageFormat& format = pages_.format();
     const std::int32_t y =
-        format.topMargin + static_cast<std::int32_t>(row) * format.rowHeight + baselineOf(format);
+        format.topMargin + static_cast<std::int32_t>(row) * format.rowHeight + format.baseline();
     shown_.assign(text.size(), L' ');
     std::transform(text.begin(), text.end(), shown_.begin(), [](char16_t character) {
       return static_cast<wchar_t>(visibleCharacter(character));

@@ -11,7 +11,7 @@ namespace {
 class WindowsPageOutput final : public PageOutput {
  public:
   void show(const Ref<const PagedText>& pages, TextView title, bool modal) override {
-    if (!showPreview(pages, title, modal)) savePages(*pages, title, {});
+    if (!showPreview(pages, title, modal)) saveUnshownPages(*pages, title);
   }
 
   void print(const Ref<const PagedText>& pages, TextView title, TextView printerName) override {

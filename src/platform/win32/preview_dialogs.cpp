@@ -20,10 +20,17 @@ constexpr std::size_t kMostPages = 0xFFFF;  // the dialog counts in 16 bits
 
 std::wstring wide(TextView text) { return std::wstring(text.begin(), text.end()); }
 
+// The library of the dialogs, loaded with the first of them and kept: nothing may be freed while
+// the system unloads this library, and there is no other end.
+HMODULE dialogLibrary() noexcept {
+  static const HMODULE kLibrary = LoadLibraryW(L"comdlg32.dll");
+  return kLibrary;
+}
+
 // One of the dialogs' functions.  Raises: 51 on a system without them.
 template <class Function>
 Function* dialogFunction(const char* name) {
-  const HMODULE dialogs = LoadLibraryW(L"comdlg32.dll");
+  const HMODULE dialogs = dialogLibrary();
   const FARPROC found = dialogs != nullptr ? GetProcAddress(dialogs, name) : nullptr;
   if (found == nullptr) throw RunTimeError(kInternalError, u"comdlg32.dll");
   return reinterpret_cast<Function*>(reinterpret_cast<void*>(found));
@@ -78,7 +85,8 @@ class PrintDialog {
 
   PageRange range() const noexcept {
     if ((dialog_.Flags & PD_PAGENUMS) == 0) return {0, pages_.pageCount()};
-    const auto [from, to] = std::minmax<std::size_t>(dialog_.nFromPage, dialog_.nToPage);
+    const std::size_t from = std::min(dialog_.nFromPage, dialog_.nToPage);
+    const std::size_t to = std::max(dialog_.nFromPage, dialog_.nToPage);
     return {std::clamp<std::size_t>(from, 1, pages_.pageCount()) - 1,
             std::clamp<std::size_t>(to, 1, pages_.pageCount())};
   }

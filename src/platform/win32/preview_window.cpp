@@ -4,13 +4,13 @@
 
 #include <algorithm>
 #include <string>
-#include <vector>
 
 #include "frame/run_time_error.h"
 #include "platform/win32/preview_bar.h"
 #include "platform/win32/preview_canvas.h"
 #include "platform/win32/preview_commands.h"
 #include "platform/win32/preview_dialogs.h"
+#include "platform/win32/waiting_windows.h"
 
 namespace tarvo::platform {
 namespace {
@@ -18,38 +18,6 @@ namespace {
 LONG livingWindows = 0;
 
 constexpr std::size_t kLongestEntry = 6;
-
-// The thread's other windows, disabled for a while.
-class WaitingWindows {
- public:
-  WaitingWindows() {
-    EnumThreadWindows(GetCurrentThreadId(), &visit, reinterpret_cast<LPARAM>(this));
-  }
-  WaitingWindows(const WaitingWindows&) = delete;
-  WaitingWindows& operator=(const WaitingWindows&) = delete;
-  ~WaitingWindows() { restore(); }
-
-  void disable() {
-    for (const HWND window : windows_) EnableWindow(window, FALSE);
-  }
-  void restore() {
-    for (const HWND window : windows_) EnableWindow(window, TRUE);
-    windows_.clear();
-  }
-
- private:
-  static BOOL CALLBACK visit(HWND window, LPARAM parameter) {
-    if (!IsWindowVisible(window) || !IsWindowEnabled(window)) return TRUE;
-    try {
-      reinterpret_cast<WaitingWindows*>(parameter)->windows_.push_back(window);
-    } catch (const std::bad_alloc&) {
-      return FALSE;  // it stays enabled
-    }
-    return TRUE;
-  }
-
-  std::vector<HWND> windows_;
-};
 
 class PreviewWindow final : public OwnWindow {
  public:
@@ -67,9 +35,9 @@ class PreviewWindow final : public OwnWindow {
     InterlockedDecrement(&livingWindows);
   }
 
-  // Until the window is closed; the system then activates one of them, so they go first.
+  // Until this window is closed; the system then activates one of them, so they are let go first.
   void keepWaiting(WaitingWindows& others) {
-    others.disable();
+    others.disableAllBut(window());
     waiting_ = &others;
   }
 
@@ -78,7 +46,8 @@ class PreviewWindow final : public OwnWindow {
     if (window() != nullptr) DestroyWindow(window());
   }
 
-  bool open(HWND owner) {
+  // Not shown yet; false when the system makes no window.
+  bool create(HWND owner) {
     const std::wstring caption(title_.begin(), title_.end());
     if (createWindow(caption.c_str(), WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, firstPlace(), owner) ==
         nullptr) {
@@ -98,10 +67,13 @@ class PreviewWindow final : public OwnWindow {
     }
     layOut();
     showState();
+    return true;
+  }
+
+  void show() {
     ShowWindow(window(), SW_SHOW);
     SetForegroundWindow(window());
     UpdateWindow(window());
-    return true;
   }
 
  private:
@@ -365,6 +337,18 @@ bool sessionHasScreen() noexcept {
   return (flags.dwFlags & WSF_VISIBLE) != 0;
 }
 
+void runUntilClosed(PreviewWindow& preview) {
+  MSG message{};
+  while (preview.window() != nullptr) {
+    const BOOL answer = GetMessageW(&message, nullptr, 0, 0);
+    if (answer <= 0) preview.close();
+    if (answer == 0) PostQuitMessage(static_cast<int>(message.wParam));
+    if (answer <= 0) return;
+    TranslateMessage(&message);
+    DispatchMessageW(&message);
+  }
+}
+
 }  // namespace
 
 bool anyPreviewIsOpen() noexcept { return InterlockedCompareExchange(&livingWindows, 0, 0) != 0; }
@@ -372,21 +356,11 @@ bool anyPreviewIsOpen() noexcept { return InterlockedCompareExchange(&livingWind
 bool showPreview(const Ref<const PagedText>& pages, TextView title, bool modal) {
   if (!sessionHasScreen()) return false;
   const Ref<PreviewWindow> preview = make<PreviewWindow>(pages, title);
+  if (!preview->create(modal ? GetActiveWindow() : nullptr)) return false;
   WaitingWindows others;
-  const HWND owner = modal ? GetActiveWindow() : nullptr;
-  if (!preview->open(owner)) return false;
-  if (!modal) return true;
-  preview->keepWaiting(others);
-  MSG message{};
-  while (preview->window() != nullptr) {
-    if (GetMessageW(&message, nullptr, 0, 0) <= 0) {
-      preview->close();
-      PostQuitMessage(static_cast<int>(message.wParam));
-      break;
-    }
-    TranslateMessage(&message);
-    DispatchMessageW(&message);
-  }
+  if (modal) preview->keepWaiting(others);
+  preview->show();
+  if (modal) runUntilClosed(*preview);
   return true;
 }
 

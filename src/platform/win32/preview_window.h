@@ -21,7 +21,7 @@ namespace tarvo::platform {
 //              window.  A request to end the thread's message loop closes it too, and goes on to
 //              the next loop.
 //   otherwise  the window lives by the thread's message loop, and ends with the thread.
-// False when the session has no screen to show it on.
+// False when the session has no screen to show it on, or the system makes no window.
 bool showPreview(const Ref<const PagedText>& pages, TextView title, bool modal);
 
 // Whether any thread shows a window.  A host must not unload the library then.

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "frame/run_time_error.h"
+#include "platform/win32/waiting_windows.h"
 #include "ui/printing_mode_window.h"
 
 namespace tarvo::platform {
@@ -160,29 +161,9 @@ void moveToMiddle(HWND window, const RECT& outer) {
                SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-// Takes no input while it lives.  It must end before the dialog does, or the system activates the
-// window of another program.
-class DisabledOwner {
- public:
-  explicit DisabledOwner(HWND owner)
-      : owner_(owner != nullptr && IsWindowEnabled(owner) ? owner : nullptr) {
-    if (owner_ != nullptr) EnableWindow(owner_, FALSE);
-  }
-  DisabledOwner(const DisabledOwner&) = delete;
-  DisabledOwner& operator=(const DisabledOwner&) = delete;
-  ~DisabledOwner() {
-    if (owner_ != nullptr) EnableWindow(owner_, TRUE);
-  }
-
- private:
-  HWND owner_;
-};
-
 class Dialog final : public PrintingModeWindow {
  public:
-  ~Dialog() override {
-    if (window_ != nullptr) DestroyWindow(window_);
-  }
+  ~Dialog() override { destroy(); }
 
   void choose(PrintingModeControl option) override {
     chosen_ = option;
@@ -199,20 +180,35 @@ class Dialog final : public PrintingModeWindow {
     events_ = &events;
     const HWND owner = GetActiveWindow();
     const ToolTips toolTips;
+    // However this ends: the tooltip's window is one of the library that is freed next.
+    const Shown shown(*this);
     window_ = CreateDialogIndirectParamW(GetModuleHandleW(nullptr), DialogTemplate().get(), owner,
                                          &Dialog::procedure, reinterpret_cast<LPARAM>(this));
     if (window_ == nullptr) failWithSystemError();
-    {
-      const DisabledOwner disabled(owner);
-      place(owner);
-      ShowWindow(window_, SW_SHOW);
-      SetForegroundWindow(window_);
-      runLoop();
-    }
-    DestroyWindow(std::exchange(window_, nullptr));
+    place(owner);
+    WaitingWindows others;
+    others.disableAllBut(window_);
+    ShowWindow(window_, SW_SHOW);
+    SetForegroundWindow(window_);
+    runLoop();
   }
 
  private:
+  class Shown {
+   public:
+    explicit Shown(Dialog& dialog) : dialog_(dialog) {}
+    Shown(const Shown&) = delete;
+    Shown& operator=(const Shown&) = delete;
+    ~Shown() { dialog_.destroy(); }
+
+   private:
+    Dialog& dialog_;
+  };
+
+  void destroy() {
+    if (window_ != nullptr) DestroyWindow(std::exchange(window_, nullptr));
+  }
+
   // Nothing is raised here: the events keep what fails in them.
   static INT_PTR CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_INITDIALOG) {

@@ -6,6 +6,7 @@
 // windows.h must come first.
 #include <objbase.h>
 
+#include <cmath>
 #include <functional>
 
 #include "equipment/errors.h"
@@ -198,31 +199,175 @@ TEST_F(PreviewWindows, MoveThePaperAndGoOnAtItsEnd) {
   });
 }
 
+// The bar of buttons, and behind it the page.
+HWND barOf(HWND window) { return FindWindowExW(window, nullptr, L"TarvoRdpPreview", nullptr); }
+HWND pageOf(HWND window) {
+  return FindWindowExW(window, barOf(window), L"TarvoRdpPreview", nullptr);
+}
+
+// Pixels in one direction, from the page's scroll bar: the paper with the desk around it, and the
+// part of it that has room.
+struct Extent {
+  int content = 0;
+  int room = 0;
+
+  bool fits() const { return content > 0 && content == room; }
+};
+Extent extentOf(HWND window, int bar) {
+  SCROLLINFO info{};
+  info.cbSize = sizeof info;
+  info.fMask = SIF_RANGE | SIF_PAGE;
+  GetScrollInfo(pageOf(window), bar, &info);
+  return {info.nMax + 1, std::min(info.nMax + 1, static_cast<int>(info.nPage))};
+}
+
+// What a paper of so many twips needs.
+int contentFor(int twips, int percent) {
+  const HDC screen = GetDC(nullptr);
+  const int dotsPerInch = GetDeviceCaps(screen, LOGPIXELSX);
+  ReleaseDC(nullptr, screen);
+  const int desk = MulDiv(14, dotsPerInch, 96);
+  return static_cast<int>(static_cast<double>(twips) * percent * dotsPerInch / (100 * 1440.0)) +
+         2 * desk;
+}
+
+bool hasSize(HWND window, int percent) {
+  const PageFormat format;
+  return extentOf(window, SB_HORZ).content == contentFor(format.width, percent) &&
+         extentOf(window, SB_VERT).content == contentFor(format.height, percent);
+}
+bool showsWholePage(HWND window) {
+  return extentOf(window, SB_HORZ).fits() && extentOf(window, SB_VERT).fits();
+}
+bool showsPageWidth(HWND window) {
+  return extentOf(window, SB_HORZ).fits() && !extentOf(window, SB_VERT).fits();
+}
+
 TEST_F(PreviewWindows, ShowAnySize) {
   showTo(report(2), [](PreviewWindows& at) {
+    const auto check = [&at](const char* what, const std::function<bool(HWND)>& isRight) {
+      if (comesTrue([&] { return isRight(at.window()); }, 3000)) return;
+      at.note(std::string(what) + ": " + std::to_string(extentOf(at.window(), SB_HORZ).content) +
+              " by " + std::to_string(extentOf(at.window(), SB_VERT).content));
+    };
+    const auto percent = [](int size) {
+      return [size](HWND window) { return hasSize(window, size); };
+    };
+    check("begins with the page's width", &showsPageWidth);
     at.pressAndWait('0', VK_CONTROL);
+    check("whole page", &showsWholePage);
     takePicture(L"whole_page");
     at.pressAndWait('1', VK_CONTROL);
+    check("own size", percent(100));
     takePicture(L"own_size");
-    for (int i = 0; i < 10; ++i) at.pressAndWait(VK_ADD);
+    at.pressAndWait(VK_ADD);
+    check("larger", percent(125));
+    for (int i = 0; i < 9; ++i) at.pressAndWait(VK_ADD);
+    check("largest", percent(400));
     takePicture(L"largest");
     for (int i = 0; i < 20; ++i) at.pressAndWait(VK_SUBTRACT);
+    check("smallest", percent(10));
     takePicture(L"smallest");
     SetWindowPos(at.window(), nullptr, 30, 30, 420, 360, SWP_NOZORDER);
     at.pressAndWait('2', VK_CONTROL);
+    check("page width of a small window", &showsPageWidth);
     takePicture(L"small_window");
     at.waitForStatus("Página 1 de 2");
   });
+  EXPECT_THAT(notes_, ElementsAre());
 }
 
 TEST_F(PreviewWindows, ShowWidePages) {
-  showTo(report(2, wideFormat()), [](PreviewWindows& at) {
+  const PageFormat format = wideFormat();
+  showTo(report(2, format), [&format](PreviewWindows& at) {
     at.waitForStatus("Página 1 de 2");
     takePicture(L"wide_page");
+    const int desk = contentFor(0, 100);
+    const double across = extentOf(at.window(), SB_HORZ).content - desk;
+    const double down = extentOf(at.window(), SB_VERT).content - desk;
+    const double expected = across * format.height / format.width;
+    if (!extentOf(at.window(), SB_HORZ).fits()) at.note("wider than the window");
+    if (across < 500 || std::abs(down - expected) > 2) {
+      at.note("not of its form: " + std::to_string(across) + " by " + std::to_string(down));
+    }
+    at.pressAndWait('1', VK_CONTROL);
+    const int ownSize = contentFor(format.width, 100);
+    if (!comesTrue([&] { return extentOf(at.window(), SB_HORZ).content == ownSize; }, 3000)) {
+      at.note("another size than its own");
+    }
   });
+  EXPECT_THAT(notes_, ElementsAre());
 }
 
-// By the mouse: the buttons are drawn, so where they are is known from the picture only.
+// The buttons are drawn, each as wide as its text needs: so the mouse tries one place after the
+// other until the window has done what the next button does.
+class BarClicker {
+ public:
+  explicit BarClicker(PreviewWindows& at) : at_(at) {}
+
+  // From here to the right, or to the left.
+  template <class Effect>
+  void clickUntil(const char* what, int step, Effect&& hasEffect) {
+    for (int tries = 0; tries < 30; ++tries, x_ += step) {
+      click();
+      if (hasEffect()) return;
+    }
+    at_.note(std::string("no button for: ") + what);
+  }
+  void clickUntilStatus(const std::string& status, int step) {
+    clickUntil(status.c_str(), step, [&] { return at_.status() == status; });
+  }
+
+  void moveTo(int x) { x_ = x; }
+  int place() const { return x_; }
+
+ private:
+  void click() {
+    const HWND bar = barOf(at_.window());
+    SendMessageW(bar, WM_MOUSEMOVE, 0, MAKELPARAM(x_, 20));
+    SendMessageW(bar, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(x_, 20));
+    SendMessageW(bar, WM_LBUTTONUP, 0, MAKELPARAM(x_, 20));
+    Sleep(40);
+    SendMessageW(at_.window(), WM_NULL, 0, 0);
+  }
+
+  PreviewWindows& at_;
+  int x_ = 0;
+};
+
+TEST_F(PreviewWindows, HaveAButtonForEveryMove) {
+  constexpr int kRight = 8;
+  constexpr int kLeft = -8;
+  showTo(report(4), [](PreviewWindows& at) {
+    at.waitForStatus("Página 1 de 4");
+    BarClicker mouse(at);
+    mouse.moveTo(300);
+    mouse.clickUntilStatus("Página 2 de 4", kRight);
+    const int next = mouse.place();
+    mouse.clickUntilStatus("Página 4 de 4", kRight);
+    const int last = mouse.place();
+    mouse.moveTo(next + 2 * kLeft);
+    mouse.clickUntilStatus("Página 4 de 4    Ir a la página: ", kLeft);
+    at.expectStatus("Página 4 de 4", VK_ESCAPE);
+    mouse.moveTo(mouse.place() - 58);
+    mouse.clickUntilStatus("Página 3 de 4", kLeft);
+    mouse.clickUntilStatus("Página 1 de 4", kLeft);
+    at.pressAndWait('1', VK_CONTROL);
+    mouse.moveTo(last + 30);
+    const auto hasPercent = [&at](int percent) {
+      return [&at, percent] { return hasSize(at.window(), percent); };
+    };
+    mouse.clickUntil("smaller", kRight, hasPercent(90));
+    mouse.clickUntil("own size", kRight, hasPercent(100));
+    mouse.clickUntil("larger", kRight, hasPercent(125));
+    mouse.clickUntil("page width", kRight, [&at] { return showsPageWidth(at.window()); });
+    mouse.clickUntil("whole page", kRight, [&at] { return showsWholePage(at.window()); });
+    takePicture(L"buttons");
+    mouse.clickUntil("close", kRight, [&at] { return !IsWindow(at.window()); });
+  });
+  EXPECT_THAT(notes_, ElementsAre());
+}
+
 TEST_F(PreviewWindows, HaveAMenuForEveryCommand) {
   std::vector<std::string> entries;
   showTo(report(2), [&](PreviewWindows& at) {
@@ -246,16 +391,22 @@ TEST_F(PreviewWindows, HaveAMenuForEveryCommand) {
   EXPECT_THAT(entries, testing::Contains("&Imprimir...\tCtrl+P"));
 }
 
-TEST_F(PreviewWindows, AreReachedByTheMouse) {
+TEST_F(PreviewWindows, FollowTheWheel) {
   showTo(report(3), [](PreviewWindows& at) {
     at.waitForStatus("Página 1 de 3");
     for (int i = 0; i < 30; ++i) {
       PostMessageW(at.window(), WM_MOUSEWHEEL, MAKEWPARAM(0, static_cast<WORD>(-WHEEL_DELTA)), 0);
     }
     at.waitForStatus("Página 3 de 3");
+    const int before = extentOf(at.window(), SB_HORZ).content;
     PostMessageW(at.window(), WM_MOUSEWHEEL, MAKEWPARAM(MK_CONTROL, WHEEL_DELTA), 0);
+    if (!comesTrue([&] { return extentOf(at.window(), SB_HORZ).content > before; })) {
+      at.note("no larger");
+    }
     at.waitForStatus("Página 3 de 3");
+    at.expectStatus("Página 1 de 3", VK_HOME);
   });
+  EXPECT_THAT(notes_, ElementsAre());
 }
 
 TEST_F(PreviewWindows, MakeTheOtherWindowsWait) {

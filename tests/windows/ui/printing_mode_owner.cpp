@@ -1,5 +1,5 @@
-// The printing mode's dialog before a window of the program that asks for it: a compiled client
-// with one window, and its operator in a second thread.
+// The printing mode's dialog before the windows of the program that asks for it: a compiled client
+// with its windows, and its operator in a second thread.
 #include <functional>
 
 #include "client.h"
@@ -144,6 +144,30 @@ bool leavesADisabledOwnerAlone(_clsLibTarvoRdp* helpers) {
   return isRight;
 }
 
+// `active` is the one that has the input, or null for none.
+bool makesTheseWait(_clsLibTarvoRdp* helpers, HWND active, HWND one, HWND other) {
+  SetActiveWindow(active);
+  if (GetActiveWindow() != active) return fail("another window is active");
+  Answer answer;
+  const auto work = [=](HWND dialog) {
+    const bool allWait = !IsWindowEnabled(one) && !IsWindowEnabled(other);
+    return confirm(dialog) && (allWait || fail("a window takes input"));
+  };
+  bool isRight = ask(helpers, {nullptr, work}, answer);
+  if (!IsWindowEnabled(one) || !IsWindowEnabled(other)) isRight = fail("a window stays disabled");
+  return isRight;
+}
+
+bool makesAllWindowsWait(_clsLibTarvoRdp* helpers) {
+  const HWND one = makeOwner(100, 150);
+  const HWND other = makeOwner(300, 250);
+  const bool withOneActive = makesTheseWait(helpers, one, one, other);
+  const bool withNoneActive = makesTheseWait(helpers, nullptr, one, other);
+  DestroyWindow(one);
+  DestroyWindow(other);
+  return withOneActive && withNoneActive;
+}
+
 // Nothing was handed over: neither the service of the keys nor that of the errors.
 bool anErrorClosesIt(_clsLibTarvoRdp* helpers) {
   const HWND owner = makeOwner(100, 150);
@@ -176,11 +200,12 @@ int run() {
   const auto helpers = create<_clsLibTarvoRdp>(library(), CLSID_clsLibTarvoRdp);
   if (!helpers) return fail("no helpers") ? 0 : 1;
   int failures = 0;
-  for (const auto look : {&needsNoOwner, &isModalInTheMiddle, &staysOnTheScreen,
-                          &leavesADisabledOwnerAlone, &anErrorClosesIt, &theProgramsEndClosesIt}) {
+  for (const auto look :
+       {&needsNoOwner, &isModalInTheMiddle, &staysOnTheScreen, &leavesADisabledOwnerAlone,
+        &makesAllWindowsWait, &anErrorClosesIt, &theProgramsEndClosesIt}) {
     if (!look(helpers.get())) ++failures;
   }
-  std::printf("%d of 6 failed\n", failures);
+  std::printf("%d of 7 failed\n", failures);
   std::fflush(stdout);
   return failures == 0 ? 42 : 1;
 }
