@@ -90,7 +90,7 @@ void TextBox::giveFontTo(PageFormat& format) const {
 }
 
 Value TextBox::get(TextView name, std::span<const Value> indexes) {
-  const Value value = property(name);
+  Value value = property(name);
   requireCount(indexes, 0);
   return value;
 }

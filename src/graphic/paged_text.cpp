@@ -31,7 +31,7 @@ PagedText::PagedText(PageFormat format, std::int32_t boxWidth)
       columns_(piecesIn(std::min(boxWidth, format_.printableWidth()), format_.columnWidth())),
       rowsPerPage_(piecesIn(format_.printableHeight(), format_.rowHeight)) {}
 
-PagedText::PagedText(PageFormat format) : PagedText(format, format.printableWidth()) {}
+PagedText::PagedText(const PageFormat& format) : PagedText(format, format.printableWidth()) {}
 
 void PagedText::addRow(TextView text) {
   do {

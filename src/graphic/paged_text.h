@@ -63,7 +63,7 @@ class PagedText final : public Object {
   PagedText(PageFormat format, std::int32_t boxWidth);
 
   // The whole width between the margins.
-  explicit PagedText(PageFormat format);
+  explicit PagedText(const PageFormat& format);
 
   // Adds a row of the report behind all others.
   void addRow(TextView text);

@@ -43,19 +43,8 @@ TEST_F(TextFilesOfWindows, NamesOfFilesMayHaveAnyLetter) {
   EXPECT_THAT(readLines(*files_, path), ElementsAre(u"a"));
 }
 
-// Wine's scripting runtime lets a file be open only once at a time.
-bool streamsShareFiles(TextFiles& files, TextView path) {
-  const HMODULE system = GetModuleHandleW(L"ntdll.dll");
-  if (GetProcAddress(system, "wine_get_version") == nullptr) return true;
-  const Ref<TextStream> first = files.OpenTextFile(path);
-  return errorNumberOf([&] { files.OpenTextFile(path); }) == 0;
-}
-
 TEST_F(TextFilesOfWindows, StreamsOnOneFileAreApart) {
   const Text path = write(u"a.ID", "uno\ndos\n");
-  if (!streamsShareFiles(*files_, path)) {
-    GTEST_SKIP() << "Wine's scripting runtime opens a file once at a time";
-  }
   const Ref<TextStream> first = files_->OpenTextFile(path);
   Text line;
   first->ReadLine(line);

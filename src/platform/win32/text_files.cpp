@@ -8,6 +8,7 @@
 #include <array>
 #include <optional>
 #include <span>
+#include <vector>
 
 #include "frame/com/error_info.h"
 
@@ -87,33 +88,58 @@ struct StreamMembers {
   }
 };
 
+bool isAtEnd(const ScriptingObject& stream, const StreamMembers& members) {
+  Variant answer;
+  stream.invoke(members.atEndOfStream, DISPATCH_PROPERTYGET, {}, &answer);
+  require(answer, VT_BOOL);
+  return V_BOOL(&answer) != VARIANT_FALSE;
+}
+
+Text lineOf(const ScriptingObject& stream, const StreamMembers& members) {
+  Variant answer;
+  stream.invoke(members.readLine, DISPATCH_METHOD, {}, &answer);
+  require(answer, VT_BSTR);
+  return Text(com::viewOf(V_BSTR(&answer)));
+}
+
+// Every line of a stream, which is closed whatever happens.
+std::vector<Text> takeLines(const ScriptingObject& stream, StreamMembers& members) {
+  members.findOnce(stream);
+  std::vector<Text> lines;
+  try {
+    while (!isAtEnd(stream, members)) lines.push_back(lineOf(stream, members));
+  } catch (...) {
+    try {
+      stream.invoke(members.close, DISPATCH_METHOD, {}, nullptr);
+    } catch (const RunTimeError&) {  // the first error is the one to tell
+    }
+    throw;
+  }
+  stream.invoke(members.close, DISPATCH_METHOD, {}, nullptr);
+  return lines;
+}
+
+// The file is read at once and closed again: a page that breaks while its header is printed opens
+// the template a second time, which not every scripting runtime bears.
 class ScriptingStream final : public TextStream {
  public:
-  ScriptingStream(com::ComPtr<IDispatch> stream, StreamMembers& members)
-      : stream_(std::move(stream)) {
-    members.findOnce(stream_);
-    members_ = members;
-  }
+  explicit ScriptingStream(std::vector<Text> lines) noexcept : lines_(std::move(lines)) {}
 
-  bool AtEndOfStream() override {
-    Variant answer;
-    stream_.invoke(members_.atEndOfStream, DISPATCH_PROPERTYGET, {}, &answer);
-    require(answer, VT_BOOL);
-    return V_BOOL(&answer) != VARIANT_FALSE;
-  }
+  bool AtEndOfStream() override { return next_ == lines_.size(); }
 
   void ReadLine(Text& line) override {
-    Variant answer;
-    stream_.invoke(members_.readLine, DISPATCH_METHOD, {}, &answer);
-    require(answer, VT_BSTR);
-    line = com::viewOf(V_BSTR(&answer));
+    if (AtEndOfStream()) throw RunTimeError(kInputPastEndOfFile);
+    line = lines_[next_++];
   }
 
-  void Close() override { stream_.invoke(members_.close, DISPATCH_METHOD, {}, nullptr); }
+  void Close() override {
+    lines_.clear();
+    next_ = 0;
+  }
 
  private:
-  ScriptingObject stream_;
-  StreamMembers members_;
+  std::vector<Text> lines_;
+  std::size_t next_ = 0;
 };
 
 class FileSystem {
@@ -151,7 +177,7 @@ class ScriptingTextFiles final : public TextFiles {
     // The runtime would cut the name there, and open another file.
     if (path.find(u'\0') != TextView::npos) throw RunTimeError(kFileNotFound, path);
     if (!files_) files_.emplace();
-    return make<ScriptingStream>(files_->open(path), members_);
+    return make<ScriptingStream>(takeLines(ScriptingObject(files_->open(path)), members_));
   }
 
  private:
