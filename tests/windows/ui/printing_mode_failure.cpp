@@ -5,8 +5,13 @@
 #include "equipment/errors.h"
 #include "ui/printing_mode_window.h"
 
-// The system's function as this program calls it.
-extern "C" decltype(&GetMessageW) __imp_GetMessageW;
+// The system's function as this program calls it: the entry of its import table.
+#ifdef _WIN64
+#define TARVO_IMPORTED_GET_MESSAGE "__imp_GetMessageW"
+#else
+#define TARVO_IMPORTED_GET_MESSAGE "__imp__GetMessageW@16"
+#endif
+extern "C" decltype(&GetMessageW) importedGetMessage __asm__(TARVO_IMPORTED_GET_MESSAGE);
 
 namespace tarvo::test {
 namespace {
@@ -27,12 +32,12 @@ class FailingMessages {
  private:
   static void put(decltype(&GetMessageW) function) {
     DWORD protection = 0;
-    VirtualProtect(&__imp_GetMessageW, sizeof function, PAGE_READWRITE, &protection);
-    __imp_GetMessageW = function;
-    VirtualProtect(&__imp_GetMessageW, sizeof function, protection, &protection);
+    VirtualProtect(&importedGetMessage, sizeof function, PAGE_READWRITE, &protection);
+    importedGetMessage = function;
+    VirtualProtect(&importedGetMessage, sizeof function, protection, &protection);
   }
 
-  decltype(&GetMessageW) old_ = __imp_GetMessageW;
+  decltype(&GetMessageW) old_ = importedGetMessage;
 };
 
 class NoEvents final : public PrintingModeEvents {
