@@ -51,9 +51,17 @@ bool withAlt(HWND) {
   screen::pressWith(VK_MENU, kKey);
   return true;
 }
+// A busy screen learns late where windows and pointer are: a click before that goes elsewhere.
 template <int kId>
 bool mouse(HWND dialog) {
-  screen::moveMouseTo(GetDlgItem(dialog, kId));
+  const HWND control = GetDlgItem(dialog, kId);
+  screen::moveMouseTo(control);
+  const bool isThere = screen::comesTrue([&] {
+    POINT pointer;
+    return GetForegroundWindow() == dialog && GetCursorPos(&pointer) != 0 &&
+           WindowFromPoint(pointer) == control;
+  });
+  if (!isThere) return fail("the pointer is not on it: " + std::to_string(kId));
   screen::clickMouse();
   return true;
 }
