@@ -126,4 +126,30 @@ class ReportWorld {
   Ref<clsUtilImp> printer = make<clsUtilImp>(spooler);
 };
 
+// A setting of a case file: a keyword, and a value behind it or nothing.
+struct Setting {
+  explicit Setting(const std::string& line)
+      : keyword(line.substr(0, line.find(' '))),
+        value(line.size() > keyword.size() ? line.substr(keyword.size() + 1) : "") {}
+
+  std::uint8_t byte() const { return static_cast<std::uint8_t>(std::stoi(value)); }
+
+  // The printer's settings; false for any other.
+  bool applyTo(clsUtilImp& printer) const {
+    if (keyword == "printer") {
+      printer.SetPrinterName(fromUtf8(value));
+    } else if (keyword == "no-text-mode") {
+      printer.SetCanPrintInTextMode(false);
+    } else if (keyword == "page-length") {
+      printer.SetMaxLinPage(byte());
+    } else {
+      return false;
+    }
+    return true;
+  }
+
+  std::string keyword;
+  std::string value;
+};
+
 }  // namespace tarvo::test

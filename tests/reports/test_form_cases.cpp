@@ -28,17 +28,12 @@ class FormCases : public ::testing::TestWithParam<std::size_t> {
  protected:
   const Case& given() const { return caseFile().cases()[GetParam()]; }
 
-  void apply(const std::string& setting) {
-    const std::size_t blank = setting.find(' ');
-    const std::string keyword = setting.substr(0, blank);
-    const std::string value = blank == std::string::npos ? "" : setting.substr(blank + 1);
-    if (keyword == "printer") {
-      world.printer->SetPrinterName(fromUtf8(value));
-    } else if (keyword == "no-text-mode") {
-      world.printer->SetCanPrintInTextMode(false);
-    } else if (keyword == "page-length") {
-      world.printer->SetMaxLinPage(static_cast<std::uint8_t>(std::stoi(value)));
-    } else if (keyword == "kind") {
+  void apply(const std::string& line) {
+    const Setting setting(line);
+    const std::string& keyword = setting.keyword;
+    const std::string& value = setting.value;
+    if (setting.applyTo(*world.printer)) return;
+    if (keyword == "kind") {
       kind = value == "draft" ? ePOD_Borrador : ePOD_Definitiva;
     } else if (keyword == "sheets") {
       sheets = value == "first"    ? eHP_PrimeraHoja
@@ -49,7 +44,7 @@ class FormCases : public ::testing::TestWithParam<std::size_t> {
     } else if (keyword == "missing") {
       missing = fromUtf8(value);
     } else {
-      FAIL() << "unknown setting: " << setting;
+      FAIL() << "unknown setting: " << line;
     }
   }
 

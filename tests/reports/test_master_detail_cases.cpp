@@ -43,22 +43,17 @@ class MasterDetailCases : public ::testing::TestWithParam<std::size_t> {
  protected:
   const Case& given() const { return caseFile().cases()[GetParam()]; }
 
-  void apply(const std::string& setting) {
-    const std::size_t blank = setting.find(' ');
-    const std::string keyword = setting.substr(0, blank);
-    const std::string value = blank == std::string::npos ? "" : setting.substr(blank + 1);
-    if (keyword == "printer") {
-      world.printer->SetPrinterName(fromUtf8(value));
-    } else if (keyword == "no-text-mode") {
-      world.printer->SetCanPrintInTextMode(false);
-    } else if (keyword == "page-length") {
-      world.printer->SetMaxLinPage(static_cast<std::uint8_t>(std::stoi(value)));
-    } else if (keyword == "copies") {
+  void apply(const std::string& line) {
+    const Setting setting(line);
+    const std::string& keyword = setting.keyword;
+    const std::string& value = setting.value;
+    if (setting.applyTo(*world.printer)) return;
+    if (keyword == "copies") {
       copies = static_cast<std::int16_t>(std::stoi(value));
     } else if (keyword == "top-margin-lines") {
-      report->SetTopMarginLines(static_cast<std::uint8_t>(std::stoi(value)));
+      report->SetTopMarginLines(setting.byte());
     } else if (keyword == "top-margin-points") {
-      report->SetTopMarginPoints(static_cast<std::uint8_t>(std::stoi(value)));
+      report->SetTopMarginPoints(setting.byte());
     } else if (keyword == "refuses") {
       client->canPrint = false;
     } else if (keyword == "refusal") {
@@ -69,7 +64,7 @@ class MasterDetailCases : public ::testing::TestWithParam<std::size_t> {
     } else if (keyword == "trace") {
       traces = true;
     } else {
-      FAIL() << "unknown setting: " << setting;
+      FAIL() << "unknown setting: " << line;
     }
   }
 

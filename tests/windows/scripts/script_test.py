@@ -91,6 +91,17 @@ class Test:
         if failures:
             raise Failure("\n".join([*failures, *said_by_wine(result.stdout)]))
 
+    def run_on_screen(self, script, operator, pictures):
+        """Runs a script that an operator's program, one of the build's, starts and works on a
+        screen; the operator leaves the named pictures in the test's folder."""
+        folder = self.subfolder("pictures")
+        program = self.library.parent / operator
+        self.run_scripts(Script(script, runner=[program, windows_path(folder)]),
+                         options=["--screenshots", folder])
+        for name in pictures:
+            if not (folder / name).exists():
+                raise Failure(f"no picture {name}")
+
     def _prepare(self, number, script):
         source = script.file.read_text("utf-8")
         first_line = source.split("\n", 1)[0]

@@ -3,21 +3,13 @@ test's folder."""
 import pathlib
 
 import script_test
-from script_test import Failure, Script, windows_path
 
 PICTURES = ("fresh.png", "text.png", "tooltip.png")
 
 
 def test(test):
     here = pathlib.Path(__file__).resolve().parent
-    pictures = test.subfolder("pictures")
-    program = test.library.parent / "printing_mode.exe"
-    test.run_scripts(
-        Script(here / "printing_mode.vbs", runner=[program, windows_path(pictures)]),
-        options=["--screenshots", pictures])
-    for name in PICTURES:
-        if not (pictures / name).exists():
-            raise Failure(f"no picture {name}")
+    test.run_on_screen(here / "printing_mode.vbs", "printing_mode.exe", PICTURES)
 
 
 if __name__ == "__main__":
