@@ -40,11 +40,12 @@ step() {
   esac
 }
 
-# tests STAGE PRESET: the tests of a build, counted one by one.
+# tests STAGE ARGUMENT...: what ctest runs with these arguments, counted one by one.
 tests() {
   stage=$1 at=$(date +%s) status=0
+  shift
   rm -f "$logs/$stage.xml"
-  ctest --preset "$2" -j "$(nproc)" --output-junit "$PWD/$logs/$stage.xml" \
+  ctest "$@" -j "$(nproc)" --output-junit "$PWD/$logs/$stage.xml" \
     --test-output-size-passed 65536 --test-output-truncation head \
     >"$logs/$stage.log" 2>&1 || status=$?
   counts=$(tools/dev/junit.py "$logs/$stage.xml" "$status" 2>"$logs/$stage.notes") ||
@@ -80,22 +81,30 @@ conclude() {
 }
 
 need native checks
-want windows wine spooler ui pages
+want windows wine spooler ui pages package
 mkdir -p $logs
 : >$tally
 
 step format tools/dev/format.sh --check || true
 step native-build build native || conclude
-tests native native
+tests native --preset native
 # The tests' own sources are left to ./dev lint.
 step lint tools/dev/tidy.py build/native src/ services/ tools/ fuzz/ || true
-if step sanitize-build build sanitize; then tests sanitize sanitize; fi
+if step sanitize-build build sanitize; then tests sanitize --preset sanitize; fi
+built=
 for bits in 64 32; do
   if ! have_cross_compiler $bits; then
     skip "win$bits" "there is no compiler for Windows, $bits bit"
   elif step win$bits-build build win$bits; then
     step wine$bits-setup tests/equipment/wine/prepare.sh $bits || true
-    tests win$bits win$bits
+    built="$built $bits"
+    tests win$bits --preset win$bits
   fi
 done
+if [ "$built" != " 64 32" ]; then
+  skip package "the zip needs both Windows builds"
+elif step package tools/dev/package.sh &&
+  step package-tests-setup cmake -S tests/package -B build/package-tests; then
+  tests package --test-dir build/package-tests --no-tests=error
+fi
 conclude

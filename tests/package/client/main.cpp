@@ -1,0 +1,19 @@
+// A client of the installed library: two lines and a page end into a file.
+#include <cstdio>
+
+#include "printer/clsUtilImp.h"
+#include "services/all.h"
+
+int main(int count, char** arguments) {
+  if (count != 2) return 2;
+  auto printer = tarvo::make<tarvo::clsUtilImp>();
+  printer->SetChrFormFeed(u"\f");
+  LibTarvoCI::CoreServices services;
+  services.handTo(*tarvo::make<tarvo::clsInitLibTarvoRpd>(), printer);
+  printer->sInitializePrinterFileHandle(tarvo::fromUtf8(std::string("file:") + arguments[1]),
+                                        u"Prueba");
+  printer->sWriteLn(u"Año nuevo");
+  printer->sWriteLn(u"fin");
+  printer->sClosePrinterFileHandle();
+  return 0;
+}

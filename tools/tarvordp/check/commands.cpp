@@ -1,0 +1,115 @@
+// The commands check and fields.
+#include <CLI/CLI.hpp>
+#include <functional>
+#include <map>
+#include <ostream>
+#include <string>
+#include <vector>
+
+#include "tarvordp/check/check_template.h"
+#include "tarvordp/check/fields.h"
+#include "tarvordp/command_line.h"
+#include "tarvordp/mistake.h"
+#include "tarvordp/profile/profile.h"
+#include "tarvordp/whole_file.h"
+
+namespace tarvordp {
+namespace {
+
+constexpr const char* kCheckHelp =
+    "Each finding is a line on the standard output, FILE:LINE:COLUMN: SEVERITY: MESSAGE;\n"
+    "columns count characters. Templates are read in code page 1252.\n"
+    "  error    stops the report, shows the operator a message, never ends, or puts lines\n"
+    "           where they do not belong\n"
+    "  warning  prints, but probably not what was meant\n"
+    "  note     worth knowing\n"
+    "\n"
+    "Exit status: 0 no errors (there may be warnings and notes), 1 errors, 2 a template or a\n"
+    "profile that cannot be read, or wrong arguments.";
+
+constexpr const char* kFieldsHelp =
+    "One table for each section: the page header, the body, the insert body and the page footer\n"
+    "of a master-detail report, or a form's sheet. A width of \"-\" is the value's own.\n"
+    "Control words and constants need no answer and are not shown.\n"
+    "\n"
+    "Exit status: 0, or 2 when a template cannot be read.";
+
+const std::map<std::string, TemplateKind> kKinds{{"form", TemplateKind::kForm},
+                                                 {"master-detail", TemplateKind::kMasterDetail}};
+
+struct CheckArguments {
+  std::vector<std::string> templates;
+  std::string kind;
+  std::string profile;
+};
+
+// A template that cannot be read is told, and the others are looked at all the same.
+int forEachTemplate(const std::vector<std::string>& names, Console& console,
+                    const std::function<int(const std::string&, const std::string&)>& work) {
+  int status = kDone;
+  for (const std::string& name : names) {
+    try {
+      status = std::max(status, work(name, readWholeFile(name)));
+    } catch (const Mistake& mistake) {
+      console.err << "tarvordp: " << mistake.what() << '\n';
+      status = kWrongInput;
+    }
+  }
+  return status;
+}
+
+int check(const CheckArguments& arguments, Console& console) {
+  std::optional<TemplateKind> kind;
+  if (!arguments.kind.empty()) kind = kKinds.at(arguments.kind);
+  std::optional<Profile> profile;
+  if (!arguments.profile.empty()) profile = findProfile(arguments.profile, "");
+  const auto work = [&](const std::string& name, const std::string& bytes) {
+    Findings findings = checkTemplate(bytes, kind, profile ? &*profile : nullptr);
+    findings.write(console.out, name);
+    return findings.hasErrors() ? static_cast<int>(kNotPrinted) : kDone;
+  };
+  return forEachTemplate(arguments.templates, console, work);
+}
+
+// What cannot be read for a mistake in the template is told, so that nothing is missing silently.
+int fields(const std::vector<std::string>& templates, Console& console) {
+  const auto work = [&](const std::string& name, const std::string& bytes) {
+    Findings findings;
+    write(console.out, name, fieldsOf(bytes, findings));
+    if (findings.hasErrors()) {
+      console.err << "tarvordp: " << name
+                  << ": has errors, so fields may be missing: tarvordp check tells them\n";
+    }
+    return static_cast<int>(kDone);
+  };
+  return forEachTemplate(templates, console, work);
+}
+
+}  // namespace
+
+void addCheckCommand(CLI::App& program, Console& console, int& status) {
+  const auto arguments = std::make_shared<CheckArguments>();
+  CLI::App* command =
+      program.add_subcommand("check", "Finds mistakes in templates before they are printed");
+  command->add_option("TEMPLATE", arguments->templates, "Template files (.ID)")->required();
+  command
+      ->add_option("--kind", arguments->kind,
+                   "The report that prints them; else guessed from their markers")
+      ->check(CLI::IsMember(std::vector<std::string>{"form", "master-detail"}));
+  command->add_option("--profile", arguments->profile,
+                      "Printer profile, a shipped one's name or a file: page length, columns and "
+                      "letters");
+  command->footer(kCheckHelp);
+  command->callback([arguments, &console, &status] { status = check(*arguments, console); });
+}
+
+void addFieldsCommand(CLI::App& program, Console& console, int& status) {
+  const auto templates = std::make_shared<std::vector<std::string>>();
+  CLI::App* command =
+      program.add_subcommand("fields", "Lists what a client must answer to print templates");
+  command->add_option("TEMPLATE", *templates, "Template files (.ID)")->required();
+  command->footer(kFieldsHelp);
+  command->callback([templates, &console, &status] { status = fields(*templates, console); });
+}
+
+}  // namespace tarvordp

@@ -1,0 +1,118 @@
+#include "frame/decimal.h"
+#include "frame/upper_case.h"
+#include "reports/library_variables.h"
+#include "tarvordp/check/nearest_word.h"
+#include "tarvordp/check/rules.h"
+
+namespace tarvordp {
+namespace {
+
+using tarvo::Control;
+using tarvo::Text;
+using tarvo::TextView;
+
+const WrittenVariable* lastOf(const WrittenLine& line, Control control) {
+  const WrittenVariable* found = nullptr;
+  for (const WrittenVariable& each : line.variables) {
+    if (controlOf(each) == control) found = &each;
+  }
+  return found;
+}
+
+class ControlRules {
+ public:
+  ControlRules(RuleContext& context, const TemplateLine& line)
+      : context_(context), section_(line.section), line_(line.line), flags_(flagsOf(line.line)) {}
+
+  void check() {
+    if (line_.isComment) return checkComment();
+    tellTooFewStops();
+    if (const WrittenVariable* word = lastOf(line_, Control::kRepeat)) checkRepeat(*word);
+    if (const WrittenVariable* word = lastOf(line_, Control::kSkipPage)) checkSkipPage(*word);
+  }
+
+ private:
+  bool isForm() const { return context_.of.kind == TemplateKind::kForm; }
+  Findings& findings() { return context_.findings; }
+  Place placeOf(const WrittenVariable& variable) const { return line_.place(variable.open); }
+
+  void checkComment() {
+    Text comment = line_.text;
+    std::erase(comment, u'.');
+    const Text word = tarvo::upperCase(tarvo::trimBlanks(comment));
+    const std::size_t distance = editDistance(word, u"PAUSA");
+    if (distance != 0 && distance < 3 && word.starts_with(u"PAU")) {
+      findings().warning(line_.place(line_.text.find_first_not_of(u". ")),
+                         "a comment " + quoted(word) + ", did you mean PAUSA?");
+    }
+  }
+
+  void tellTooFewStops() {
+    const TextView text = tarvo::trimBlanks(line_.text);
+    if (!text.starts_with(u'.')) return;
+    Text word(text.substr(text.starts_with(u"..") ? 2 : 1));
+    word = tarvo::upperCase(tarvo::trimBlanks(word));
+    if (word == u"PAUSA") {
+      findings().warning(line_.place(line_.text.find(u'.')),
+                         "a pause begins with three full stops: this line is printed");
+    }
+  }
+
+  // The library asks the line's last variable whether the line is done.
+  void checkRepeat(const WrittenVariable& word) {
+    const WrittenVariable& last = line_.variables.back();
+    if (isForm()) {
+      findings().warning(placeOf(word), "REPEAT has no effect in a form");
+    } else if (&last == &word) {
+      findings().error(placeOf(word),
+                       "REPEAT is the line's last variable, so nobody ends the repetition "
+                       "(run-time error 6)");
+    } else if (isAnsweredByLibrary(last)) {
+      findings().warning(placeOf(last),
+                         "the line's last variable ends the repetition: behind REPEAT that "
+                         "must be one of the client's");
+    }
+  }
+
+  static bool isAnsweredByLibrary(const WrittenVariable& variable) {
+    return variable.isConstant() || controlOf(variable) != Control::kNone ||
+           tarvo::libraryVariable(variable.parsed->GetFieldName()) != tarvo::LibraryVariable::kNone;
+  }
+
+  void checkSkipPage(const WrittenVariable& word) {
+    if (!flags_.isWritten()) {
+      findings().warning(placeOf(word), "an open line without text breaks no page");
+      return;
+    }
+    if (section_ == Section::kHeader) {
+      findings().error(placeOf(word),
+                       "SALTAPAGINA in the page header never ends: the new page prints the "
+                       "header again (run-time error 28)");
+      return;
+    }
+    if (flags_.lines > 1) {
+      findings().warning(placeOf(word), "the page is broken before each of the line's " +
+                                            std::to_string(flags_.lines) + " lines");
+    }
+    if (!isForm()) {
+      findings().note(placeOf(word),
+                      "with a top margin of lines (SetTopMarginLines) SALTAPAGINA never ends "
+                      "(run-time error 28)");
+    }
+  }
+
+  RuleContext& context_;
+  Section section_;
+  const WrittenLine& line_;
+  LineFlags flags_;
+};
+
+}  // namespace
+
+void checkControls(RuleContext& context) {
+  for (const TemplateLine& each : context.of.lines) {
+    if (isPrinted(each.section)) ControlRules(context, each).check();
+  }
+}
+
+}  // namespace tarvordp

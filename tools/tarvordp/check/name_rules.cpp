@@ -1,0 +1,101 @@
+#include "frame/decimal.h"
+#include "frame/upper_case.h"
+#include "reports/library_variables.h"
+#include "tarvordp/check/nearest_word.h"
+#include "tarvordp/check/rules.h"
+
+namespace tarvordp {
+namespace {
+
+using tarvo::Control;
+using tarvo::Text;
+using tarvo::TextView;
+using tarvo::toUtf8;
+
+bool countsItsWidth(Control control) {
+  return control == Control::kSkipLines || control == Control::kSkipPoints ||
+         control == Control::kBlanks;
+}
+
+class NameRules {
+ public:
+  NameRules(RuleContext& context, const WrittenLine& line, const WrittenVariable& variable)
+      : context_(context),
+        place_(line.place(variable.open)),
+        variable_(variable),
+        name_(tarvo::upperCase(tarvo::trimBlanks(variable.parsed->GetFieldName()))) {}
+
+  void check() {
+    if (variable_.isConstant()) return;
+    if (const Control control = controlOf(variable_); control != Control::kNone) {
+      checkControlWord(control);
+    } else if (name_.empty()) {
+      if (variable_.wasRead) warning("a variable without a field name");
+    } else if (variable_.parsed->GetRecordName().empty() && !tellNearMarker()) {
+      tellNearWord();
+    }
+  }
+
+ private:
+  void warning(std::string message) { context_.findings.warning(place_, std::move(message)); }
+
+  void checkControlWord(Control control) {
+    const std::string word = toUtf8(name_);
+    if (!variable_.parsed->GetRecordName().empty()) {
+      warning("the field " + word +
+              " is the control word, whatever record it has: the client is "
+              "not asked");
+    }
+    const int width = variable_.parsed->GetLength();
+    if (countsItsWidth(control) && width == 0 && variable_.wasRead) {
+      warning(word + " without a number: {" + word + ",n}");
+    } else if (!countsItsWidth(control) && width != 0) {
+      warning("a width pads or cuts what " + word + " sends: it needs none");
+    }
+  }
+
+  // A master-detail report's markers count as they are written alone.
+  bool tellNearMarker() {
+    if (context_.of.kind != TemplateKind::kMasterDetail) return false;
+    const Text& inside = variable_.parsed->GetReadText();
+    const Text likely = nearestMarker(inside);
+    const Text written = u"{" + tarvo::upperCase(inside) + u"}";
+    const bool isMarker =
+        written == likely || (likely == u"{CUERPO=n}" && written.starts_with(u"{CUERPO="));
+    if (likely.empty() || isMarker || !variable_.attributes.empty()) return isMarker;
+    warning(quoted(u"{" + inside + u"}") + " is no marker, did you mean " + toUtf8(likely) + "?");
+    return true;
+  }
+
+  void tellNearWord() {
+    const bool isOfReport = context_.of.kind == TemplateKind::kMasterDetail;
+    if (const Text likely = isOfReport ? nearestLibraryVariable(name_) : Text(); !likely.empty()) {
+      warning("the client is asked for " + toUtf8(name_) + ", did you mean " + toUtf8(likely) +
+              "?");
+      return;
+    }
+    const Text likely = nearestControlWord(name_);
+    if (likely.empty()) return;
+    const bool countsWidth = countsItsWidth(tarvo::controlOf(likely));
+    if (!countsWidth && !variable_.attributes.empty()) return;
+    warning("the client is asked for " + toUtf8(name_) + ", did you mean the control word " +
+            toUtf8(likely) + "?");
+  }
+
+  RuleContext& context_;
+  Place place_;
+  const WrittenVariable& variable_;
+  Text name_;
+};
+
+}  // namespace
+
+void checkNames(RuleContext& context) {
+  for (const TemplateLine& each : context.of.lines) {
+    for (const WrittenVariable& variable : each.line.variables) {
+      NameRules(context, each.line, variable).check();
+    }
+  }
+}
+
+}  // namespace tarvordp

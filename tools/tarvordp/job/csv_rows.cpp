@@ -1,0 +1,126 @@
+#include "tarvordp/job/csv_rows.h"
+
+#include <cerrno>
+#include <new>
+#include <system_error>
+#include <utility>
+
+namespace tarvordp {
+namespace {
+
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
+[[noreturn]] void failToRead(const std::string& path) {
+  throw CsvError(0, path + ": cannot be read: " + std::generic_category().message(errno));
+}
+
+// Blanks belong to their cells.
+int noSpace(unsigned char) { return 0; }
+
+}  // namespace
+
+CsvRows::CsvRows(const std::string& path) : path_(path), file_(path, std::ios::binary) {
+  if (!file_) failToRead(path);
+  startParser();
+}
+
+CsvRows::~CsvRows() { csv_free(&parser_); }
+
+void CsvRows::startParser() {
+  csv_free(&parser_);
+  csv_init(&parser_, CSV_STRICT | CSV_STRICT_FINI);
+  csv_set_space_func(&parser_, noSpace);
+}
+
+void CsvRows::restart() {
+  file_.clear();
+  file_.seekg(0);
+  if (!file_) failToRead(path_);
+  startParser();
+  isEnded_ = false;
+  line_ = 0;
+  rowLine_ = 0;
+  cells_.clear();
+  rows_.clear();
+}
+
+bool CsvRows::next(CsvRow& row) {
+  while (rows_.empty()) {
+    if (isEnded_) return false;
+    if (!feedLine()) finish();
+  }
+  row = std::move(rows_.front());
+  rows_.pop_front();
+  return true;
+}
+
+// False at the end of the file.
+bool CsvRows::feedLine() {
+  errno = 0;
+  std::getline(file_, bytes_);
+  if (file_.bad()) failToRead(path_);
+  if (file_.eof() && bytes_.empty()) return false;
+  if (!file_.eof()) bytes_ += '\n';
+  std::string_view bytes = bytes_;
+  if (++line_ == 1 && bytes.starts_with(kByteOrderMark)) bytes.remove_prefix(kByteOrderMark.size());
+  const bool isEmpty = bytes.find_first_not_of("\r\n") == std::string_view::npos;
+  if (rowLine_ == 0 && !isEmpty) rowLine_ = line_;
+  feed(bytes);
+  return true;
+}
+
+namespace {
+
+// What the parser tells, as calls of a function: it cannot carry exceptions.
+template <class Action>
+void guarded(bool& failed, Action&& action) noexcept {
+  try {
+    action();
+  } catch (...) {
+    failed = true;
+  }
+}
+
+}  // namespace
+
+// The parser's events while it works on a piece of the file.
+struct CsvEvents {
+  CsvRows& rows;
+  bool memoryIsShort = false;
+
+  static void cell(void* bytes, std::size_t size, void* self) noexcept {
+    auto& events = *static_cast<CsvEvents*>(self);
+    const auto* begin = static_cast<const char*>(bytes);
+    guarded(events.memoryIsShort, [&] { events.rows.addCell({begin, size}); });
+  }
+  static void row(int, void* self) noexcept {
+    auto& events = *static_cast<CsvEvents*>(self);
+    guarded(events.memoryIsShort, [&] { events.rows.endRow(); });
+  }
+};
+
+void CsvRows::feed(std::string_view bytes) {
+  CsvEvents events{*this};
+  const std::size_t taken = csv_parse(&parser_, bytes.data(), bytes.size(), &CsvEvents::cell,
+                                      &CsvEvents::row, &events);
+  if (events.memoryIsShort || csv_error(&parser_) == CSV_ENOMEM) throw std::bad_alloc();
+  if (taken != bytes.size()) {
+    throw CsvError(line_, "a quotation mark stands where none may: a cell that has one must begin "
+                          "and end with one, and have those inside twice");
+  }
+}
+
+void CsvRows::finish() {
+  isEnded_ = true;
+  CsvEvents events{*this};
+  const bool isWhole = csv_fini(&parser_, &CsvEvents::cell, &CsvEvents::row, &events) == 0;
+  if (events.memoryIsShort) throw std::bad_alloc();
+  if (!isWhole) throw CsvError(rowLine_, "a cell that begins with a quotation mark never ends");
+}
+
+void CsvRows::endRow() {
+  rows_.push_back({rowLine_ != 0 ? rowLine_ : line_, std::exchange(cells_, {})});
+  rowLine_ = 0;
+}
+
+}  // namespace tarvordp

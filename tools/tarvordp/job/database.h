@@ -1,0 +1,50 @@
+// A SQLite database that is read and never changed.
+#pragma once
+
+#include <sqlite3.h>
+
+#include <memory>
+#include <string>
+
+#include "tarvordp/json/json_value.h"
+
+namespace tarvordp {
+
+// What is read from one object of this class is one state of the database: what others write
+// meanwhile is not seen.  In a database without a write-ahead log others cannot write meanwhile.
+//
+// One that somebody else is writing is waited for, a moment long.
+class Database {
+ public:
+  // Raises: Mistake at `where`, for a file that is missing, that is no database, or that is locked.
+  Database(const std::string& path, const JsonValue& where);
+
+  sqlite3* handle() const noexcept { return handle_.get(); }
+  const std::string& path() const noexcept { return path_; }
+
+  // Raises: Mistake at `where`, with the database's reason for its last failure.
+  [[noreturn]] void fail(const JsonValue& where) const;
+
+ private:
+  struct Closer {
+    void operator()(sqlite3* handle) const noexcept { sqlite3_close_v2(handle); }
+  };
+
+  void run(const char* statement, const JsonValue& where);
+
+  std::string path_;
+  std::unique_ptr<sqlite3, Closer> handle_;
+};
+
+struct StatementCloser {
+  void operator()(sqlite3_stmt* statement) const noexcept { sqlite3_finalize(statement); }
+};
+using Statement = std::unique_ptr<sqlite3_stmt, StatementCloser>;
+
+// The one statement of `query`, a text in the job file, with the values of `parameters`, an object
+// there or null, bound to the names that the statement gives them (":NAME", "@NAME", "$NAME").
+// Raises: Mistake for what is no statement or more than one, for one that gives no rows, and for
+// parameters that are missing, too many, or of another kind than text, number, boolean or null.
+Statement prepare(const Database& database, const JsonValue& query, const JsonValue* parameters);
+
+}  // namespace tarvordp

@@ -1,0 +1,221 @@
+#include "tarvordp/print/print_job.h"
+
+#include <ostream>
+#include <utility>
+
+#include "frame/codepage.h"
+#include "frame/modRDPGlobalValues.h"
+#include "platform/file/file_sink.h"
+#include "printer/clsUtilImp.h"
+#include "reports/clsObRepMasterDetail.h"
+#include "reports/clsObRepPlanilla.h"
+#include "services/all.h"
+#include "tarvordp/job/job_file.h"
+#include "tarvordp/mistake.h"
+#include "tarvordp/print/job_client.h"
+#include "tarvordp/print/job_messages.h"
+#include "tarvordp/print/job_pages.h"
+#include "tarvordp/print/traced_errors.h"
+
+namespace tarvordp {
+namespace {
+
+using tarvo::make;
+using tarvo::Ref;
+
+// Lends services to the library for one report: they know the run, which ends with it.
+class LentServices {
+ public:
+  LentServices(LibTarvoCI::CoreServices services, Ref<tarvo::clsUtilImp> printer)
+      : before_(tarvo::modRDPGlobalValues::ofThisThread()) {
+    services.handTo(*make<tarvo::clsInitLibTarvoRpd>(), printer);
+  }
+  LentServices(const LentServices&) = delete;
+  LentServices& operator=(const LentServices&) = delete;
+  ~LentServices() { tarvo::modRDPGlobalValues::ofThisThread() = before_; }
+
+ private:
+  tarvo::modRDPGlobalValues before_;
+};
+
+void takeOptions(const PrintOptions& options, Job& job) {
+  if (!options.copies) return;
+  if (job.kind == ReportKind::form) {
+    throw Mistake("--copies: " + options.job + " is a form report, which has no copies");
+  }
+  job.copies = *options.copies;
+}
+
+void takeValues(const PrintOptions& options, NamedValues& values) {
+  for (const auto& [name, text] : options.values) {
+    values.put(nameKey(tarvo::fromUtf8(name)), TextValue{tarvo::fromUtf8(text)});
+  }
+}
+
+Profile profileFor(const PrintOptions& options, const Job& job) {
+  Profile profile = profileOf(job);
+  if (options.printer) profile.printerName = tarvo::fromUtf8(*options.printer);
+  return profile;
+}
+
+void checkSave(const PrintOptions& options) {
+  if (!options.save || *options.save == "-") return;
+  if (!tarvo::platform::canHoldFile(tarvo::fromUtf8(*options.save))) {
+    throw Mistake("--save: " + *options.save + ": a file cannot be made there");
+  }
+}
+
+std::string bytesOf(const tarvo::Text& code) {
+  std::string bytes;
+  tarvo::CodePage::ofSystem().encode(code, bytes);
+  return bytes;
+}
+
+void printForm(JobRun& run, const tarvo::ReportPorts& ports) {
+  const Job& job = run.job;
+  const auto report = make<tarvo::clsObRepPlanilla>(ports);
+  Ref<tarvo::clsImplementIDTraduc> client = makeFormClient(run);
+  report->sInit(client, job.title, job.textFile, job.user, {}, job.directory, job.output,
+                job.sheets);
+  report->SetFileNameIDFirstSheet(job.firstSheet);
+  report->SetFileNameIDSecondSheet(job.secondSheet);
+  report->SetFileNameIDDraft(job.draft);
+  report->sPrintReport();
+}
+
+void printMasterDetail(JobRun& run, const tarvo::ReportPorts& ports) {
+  const Job& job = run.job;
+  const auto report = make<tarvo::clsObRepMasterDetail>(ports);
+  Ref<tarvo::clsImplementIDMD> client = makeMasterDetailClient(run);
+  report->sInit(client, job.title, job.textFile, job.user, job.templateName, job.directory,
+                job.copies);
+  report->SetTopMarginLines(job.topMarginLines);
+  report->SetTopMarginPoints(job.topMarginPoints);
+  report->sPrintReport();
+}
+
+// One run of one job, to one printer.
+class Printing {
+ public:
+  Printing(const PrintOptions& options, Console& console, const Profile& profile, const Job& job,
+           const JobData& data, Trace& trace, Progress& progress, Ref<tarvo::Spooler> spooler)
+      : console_(console),
+        options_(options),
+        op_(console, progress, options.yes),
+        output_(make<OutputSpooler>(std::move(spooler), trace,
+                                    bytesOf(profile.code(ControlCode::formFeed)))),
+        printer_(make<tarvo::clsUtilImp>(output_)),
+        pages_(make<JobPages>(tarvo::platform::makePageOutput(), options.save.value_or(""), op_)),
+        run_{job, data, trace, progress, op_, *output_},
+        messages_(make<JobMessages>(op_, trace, job.turnSheet,
+                                    [this] { return run_.callbacks + output_->calls(); })) {
+    apply(profile, *printer_);
+  }
+
+  ExitStatus print() {
+    try {
+      printReport();
+    } catch (const tarvo::RunTimeError& error) {
+      return ended(error);
+    }
+    return finished();
+  }
+
+ private:
+  void printReport() {
+    LibTarvoCI::CoreServices services;
+    services.refInsError = make<TracedErrors>(run_.trace);
+    services.refInsMessage = messages_;
+    const LentServices lent(services, printer_);
+    const tarvo::ReportPorts ports{tarvo::platform::makeTextFiles(), pages_};
+    if (run_.job.kind == ReportKind::form) {
+      printForm(run_, ports);
+    } else {
+      printMasterDetail(run_, ports);
+    }
+  }
+
+  ExitStatus ended(const tarvo::RunTimeError& error) {
+    if (output_->failure()) return outputFailed();
+    if (run_.wasGivenUpAtPause) {
+      tell("the report was given up at a pause");
+    } else {
+      tell("run-time error " + std::to_string(error.number()) + ": " +
+           tarvo::toUtf8(error.description()));
+    }
+    abandonOutput();
+    return run_.wasGivenUpAtPause ? kNotPrinted : kRunTimeError;
+  }
+
+  ExitStatus finished() {
+    if (output_->failure()) return outputFailed();
+    if (messages_->saidThatNotPrinted()) return kNotPrinted;
+    if (output_->jobs() == 0 && pages_->pages() == 0) {
+      tell("nothing was printed: the job names no template for these sheets");
+      return kNotPrinted;
+    }
+    if (options_.save && pages_->pages() == 0) {
+      tell("nothing was saved in " + *options_.save + ": the report went to the printer as text");
+    }
+    summarize();
+    return kDone;
+  }
+
+  ExitStatus outputFailed() {
+    tell(tarvo::toUtf8(printer_->GetPrinterName()) + ": the report did not arrive whole: " +
+         *output_->failure());
+    abandonOutput();
+    return kRunTimeError;
+  }
+
+  void abandonOutput() {
+    const std::string outcome = output_->abandon();
+    if (!outcome.empty()) tell(outcome);
+  }
+
+  // For a person who waits; a script has the exit status.
+  void summarize() {
+    if (!console_.errIsTerminal) return;
+    std::string line = "printed ";
+    const std::uint64_t pages = output_->pages() + pages_->pages();
+    if (pages > 0) line += withUnit(pages, "page") + ", ";
+    if (run_.records > 0) {
+      line += withUnit(static_cast<std::uint64_t>(run_.records), "record") + ", ";
+    }
+    line += withUnit(output_->bytes(), "byte");
+    if (output_->jobs() > 0) line += " to " + tarvo::toUtf8(printer_->GetPrinterName());
+    op_.tell(line);
+  }
+
+  void tell(const std::string& text) { op_.tell("tarvordp: " + text); }
+
+  Console& console_;
+  const PrintOptions& options_;
+  Operator op_;
+  Ref<OutputSpooler> output_;
+  Ref<tarvo::clsUtilImp> printer_;
+  Ref<JobPages> pages_;
+  JobRun run_;
+  Ref<JobMessages> messages_;
+};
+
+}  // namespace
+
+ExitStatus printJob(const PrintOptions& options, Console& console, PrintEquipment equipment) {
+  Job job = readJob(readJsonFile(options.job));
+  takeOptions(options, job);
+  checkSave(options);
+  const Profile profile = profileFor(options, job);
+  Progress progress(console.err, console.errIsTerminal);
+  JobData data = openData(job, [&](std::int64_t records) { progress.reading(records); });
+  takeValues(options, data.record);
+  Trace trace = options.trace ? Trace(*options.trace) : Trace();
+  if (!equipment.spooler) equipment.spooler = tarvo::makeSpooler();
+  Printing printing(options, console, profile, job, data, trace, progress, equipment.spooler);
+  const ExitStatus status = printing.print();
+  if (trace.isWhole()) return status;
+  console.err << "tarvordp: " << trace.path() << ": the trace is not whole\n";
+  return status == kDone ? kRunTimeError : status;
+}
+
+}  // namespace tarvordp

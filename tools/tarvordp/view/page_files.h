@@ -1,0 +1,36 @@
+// Files of printed pages: a picture for each page, or one PDF.
+//
+// A file that cannot be written whole is taken away again.
+#pragma once
+
+#include <memory>
+#include <stdexcept>
+#include <string>
+
+#include "tarvordp/view/page_drawing.h"
+
+namespace tarvordp {
+
+// A file could not be written; what() says which, and why.
+class CannotWrite : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+// Takes the pages of one job, in order.
+class PageFiles {
+ public:
+  virtual ~PageFiles() = default;
+  // Raises: CannotWrite.
+  virtual void add(const Page& page) = 0;
+  // After the last page.  Raises: CannotWrite.
+  virtual void finish() = 0;
+};
+
+// PREFIX-1.png, PREFIX-2.png …, 144 pixels an inch.
+std::unique_ptr<PageFiles> makePictures(const std::string& prefix, const Paper& paper);
+
+// The file is made with the first page.
+std::unique_ptr<PageFiles> makePdf(const std::string& path, const Paper& paper);
+
+}  // namespace tarvordp
