@@ -8,6 +8,7 @@
 #include <array>
 #include <cstdint>
 #include <cstdio>
+#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <stdexcept>
@@ -84,27 +85,27 @@ class LedgerClient final : public clsImplementIDMD {
     const LedgerRecord& r = *record_;
     switch (field.front()) {
       case u'C':
-        if (field == u"CODIGO") return text(variable, r.code);
-        if (field == u"CANTIDAD") return number(variable, r.quantity);
+        if (is(field, u"CODIGO")) return text(variable, r.code);
+        if (is(field, u"CANTIDAD")) return number(variable, r.quantity);
         return false;
       case u'N':
-        return field == u"NOMBRE" && text(variable, r.name);
+        return is(field, u"NOMBRE") && text(variable, r.name);
       case u'P':
-        return field == u"PRECIO" && number(variable, r.price);
+        return is(field, u"PRECIO") && number(variable, r.price);
       case u'M':
-        return field == u"MONTO" && number(variable, r.amount);
+        return is(field, u"MONTO") && number(variable, r.amount);
       case u'F':
-        if (field != u"FECHA") return false;
+        if (!is(field, u"FECHA")) return false;
         variable.SetContentDate(r.date);
         return true;
       case u'L':
-        return field == u"LOTE" && text(variable, r.lot);
+        return is(field, u"LOTE") && text(variable, r.lot);
       case u'A':
-        return field == u"ALMACEN" && text(variable, r.store);
+        return is(field, u"ALMACEN") && text(variable, r.store);
       case u'D':
-        return field == u"DESCUENTO" && number(variable, r.discount);
+        return is(field, u"DESCUENTO") && number(variable, r.discount);
       case u'I':
-        return field == u"IMPUESTO" && number(variable, r.tax);
+        return is(field, u"IMPUESTO") && number(variable, r.tax);
       default:
         return false;
     }
@@ -125,6 +126,13 @@ class LedgerClient final : public clsImplementIDMD {
   bool go() {
     record_ = &ledgerRecords()[static_cast<std::size_t>(present_) % ledgerRecords().size()];
     return present_ < count_;
+  }
+  // Names are compared as memory: the standard library's comparison goes character by character.
+  template <std::size_t kSize>
+  static bool is(TextView field, const char16_t (&name)[kSize]) {
+    constexpr std::size_t kLength = kSize - 1;
+    return field.size() == kLength &&
+           std::memcmp(field.data(), name, kLength * sizeof(char16_t)) == 0;
   }
   static bool text(clsObSpecialVar& variable, const Text& value) {
     variable.SetContentString(value);

@@ -18,6 +18,9 @@ struct Marks {
   char16_t decimals;
 };
 
+constexpr Marks kDotComma{u'.', u','};
+constexpr Marks kCommaDot{u',', u'.'};
+
 void formatNumber(Currency value, std::int16_t width, std::int16_t decimals, bool parenthesis,
                   Marks marks, Text& result) {
   if (width < 0) fail(tarvo::kInvalidProcedureCall, u"valWidth");
@@ -61,13 +64,25 @@ To roundedTo(TextView text) {
 void clsConvert::fFormatNumberDotComma(Currency valValue, std::int16_t valWidth,
                                        std::int16_t valDecimals, bool valParenthesis,
                                        Text& result) {
-  formatNumber(valValue, valWidth, valDecimals, valParenthesis, {u'.', u','}, result);
+  formatNumber(valValue, valWidth, valDecimals, valParenthesis, kDotComma, result);
 }
 
 void clsConvert::fFormatNumberCommaDot(Currency valValue, std::int16_t valWidth,
                                        std::int16_t valDecimals, bool valParenthesis,
                                        Text& result) {
-  formatNumber(valValue, valWidth, valDecimals, valParenthesis, {u',', u'.'}, result);
+  formatNumber(valValue, valWidth, valDecimals, valParenthesis, kCommaDot, result);
+}
+
+void clsConvert::putField(Currency valValue, const FieldForm& form,
+                          std::span<char16_t> field) noexcept {
+  const Marks& marks = form.hasCommaDot ? kCommaDot : kDotComma;
+  LibTarvoCI::putField(valValue,
+                       {.thousandsMark = marks.thousands,
+                        .decimalMark = marks.decimals,
+                        .width = field.size(),
+                        .decimals = form.decimals,
+                        .parenthesis = form.parenthesis},
+                       field.data());
 }
 
 void clsConvert::fNumberToText(const Value& valNumber, Text& result) {

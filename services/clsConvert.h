@@ -40,6 +40,10 @@ class clsConvert final : public tarvo::clsConvert {
   // The length itself, whatever the code.
   std::int32_t fReportWidth(std::int32_t valLength, std::int16_t valCode) override;
 
+  void putField(Currency valValue, const FieldForm& form,
+                std::span<char16_t> field) noexcept override;
+  bool putsFields() const noexcept override { return true; }
+
   bool mayBeBypassed() const noexcept override { return true; }
 };
 

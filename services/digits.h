@@ -20,19 +20,28 @@ inline std::uint64_t magnitudeOf(Currency value) noexcept {
   return value.tenThousandths < 0 ? 0 - bits : bits;
 }
 
-// What one unit of the last decimal is worth, by the number of decimals.
-inline constexpr std::array<std::uint64_t, Currency::kDecimals + 1> kSteps{10'000, 1'000, 100, 10,
-                                                                           1};
-
 // An amount's magnitude rounded half away from zero to that many decimals; 4 and more leave it as
 // it is.  Never leaves the type, though the result may be too great for an amount.
 // REQUIRES: decimals >= 0, and a magnitude that magnitudeOf() gave.
 inline std::uint64_t roundedMagnitude(std::uint64_t magnitude, int decimals) noexcept {
-  const std::uint64_t step =
-      kSteps[static_cast<std::size_t>(std::min(decimals, Currency::kDecimals))];
-  const std::uint64_t rest = magnitude % step;
-  const std::uint64_t whole = magnitude - rest;
-  return rest * 2 < step ? whole : whole + step;
+  // Division by a number that is known beforehand is no division.
+  const auto roundedTo = [magnitude](std::uint64_t step) {
+    const std::uint64_t rest = magnitude % step;
+    const std::uint64_t whole = magnitude - rest;
+    return rest * 2 < step ? whole : whole + step;
+  };
+  switch (decimals) {
+    case 0:
+      return roundedTo(10'000);
+    case 1:
+      return roundedTo(1'000);
+    case 2:
+      return roundedTo(100);
+    case 3:
+      return roundedTo(10);
+    default:
+      return magnitude;
+  }
 }
 
 }  // namespace LibTarvoCI

@@ -20,13 +20,24 @@ constexpr Room kBlanks = [] {
   return blanks;
 }();
 
-// The digits of every group between two marks.
+// Three digits.
+using Group = std::array<char16_t, 3>;
+
+// Those of every group between two marks, and those of every first group, with blanks in place of
+// the zeros before its digits.
+constexpr std::size_t kOneGroup = 1000;
 constexpr auto kGroups = [] {
-  std::array<std::array<char16_t, 3>, 1000> groups{};
+  std::array<Group, kOneGroup> groups{};
   for (std::size_t i = 0; i < groups.size(); ++i) {
     groups[i] = {static_cast<char16_t>(u'0' + i / 100), static_cast<char16_t>(u'0' + i / 10 % 10),
                  static_cast<char16_t>(u'0' + i % 10)};
   }
+  return groups;
+}();
+constexpr auto kFirstGroups = [] {
+  auto groups = kGroups;
+  for (std::size_t i = 0; i < 100; ++i) groups[i][0] = u' ';
+  for (std::size_t i = 0; i < 10; ++i) groups[i][1] = u' ';
   return groups;
 }();
 
@@ -39,87 +50,117 @@ class Backwards {
 
   void put(char16_t character) noexcept { *--first_ = character; }
 
-  // The last digits, `count` of them.
-  void putDigits(std::uint64_t number, int count) noexcept {
-    for (; count > 0; --count, number /= 10) put(static_cast<char16_t>(u'0' + number % 10));
+  // The last digits of a group, `kCount` of them.
+  template <std::size_t kCount>
+  void putDigits(std::size_t number) noexcept {
+    first_ -= kCount;
+    std::memcpy(first_, kGroups[number].data() + (3 - kCount), kCount * sizeof *first_);
   }
 
   // The digits of a whole number, at least one, with a mark (unless it is 0) between each three.
+  // REQUIRES: blanks before it, which stay.
   void putUnits(std::uint64_t number, char16_t mark) noexcept {
-    for (; number >= kGroups.size(); number /= kGroups.size()) {
-      const auto& group = kGroups[static_cast<std::size_t>(number % kGroups.size())];
-      first_ -= group.size();
-      std::memcpy(first_, group.data(), sizeof group);
+    while (number >= kOneGroup) {
+      const std::uint64_t rest = number / kOneGroup;
+      putDigits<3>(static_cast<std::size_t>(number - rest * kOneGroup));
       if (mark != 0) put(mark);
+      number = rest;
     }
-    // The first group has no zeros before its digits.
-    const auto& group = kGroups[static_cast<std::size_t>(number)];
-    const std::size_t digits = number >= 100 ? 3 : number >= 10 ? 2 : 1;
-    first_ -= digits;
-    std::copy_n(group.end() - digits, digits, first_);
+    const Group& group = kFirstGroups[static_cast<std::size_t>(number)];
+    std::memcpy(first_ - group.size(), group.data(), sizeof group);
+    first_ -= number >= 100 ? 3 : number >= 10 ? 2 : 1;
   }
 
  private:
   char16_t* first_;
 };
 
-// An amount to be written: its digits, rounded, and its sign; 0: none.
-struct Amount {
-  std::uint64_t rounded;
-  char16_t sign;
+// What stands in a field but its blanks, written into the end of a room.
+class WrittenAmount {
+ public:
+  [[gnu::always_inline]] WrittenAmount(Currency value, const NumberField& field) noexcept
+      : number_(room_.end()) {
+    const std::uint64_t rounded = roundedMagnitude(magnitudeOf(value), field.decimals);
+    const bool isNegative = value.tenThousandths < 0 && rounded != 0;
+    isEnclosed_ = isNegative && field.parenthesis;
+    if (field.decimals > 0) {
+      putDecimals(static_cast<std::size_t>(rounded % Currency::kUnit), field.decimals);
+      number_.put(field.decimalMark);
+    }
+    number_.putUnits(rounded / Currency::kUnit, field.thousandsMark);
+    if (isNegative) number_.put(isEnclosed_ ? u'(' : u'-');
+    // What stands behind the decimals that an amount has.
+    zeros_ = static_cast<std::size_t>(std::max(field.decimals - Currency::kDecimals, 0));
+  }
+
+  WrittenAmount(const WrittenAmount&) = delete;  // it looks into itself
+
+  std::size_t size() const noexcept { return written() + zeros_ + (isEnclosed_ ? 1 : 0); }
+
+  // Puts the number to the right end of the width, which it does not exceed.
+  void putInto(char16_t* place, std::size_t width) const noexcept {
+    if (size() == written() && width <= kRoom) {
+      std::memcpy(place, room_.end() - width, width * sizeof *place);
+      return;
+    }
+    place = std::fill_n(place, width - size(), u' ');
+    place = std::copy_n(number_.first(), written(), place);
+    place = std::fill_n(place, zeros_, u'0');
+    if (isEnclosed_) *place = u')';
+  }
+
+ private:
+  std::size_t written() const noexcept {
+    return static_cast<std::size_t>(room_.end() - number_.first());
+  }
+
+  void putDecimals(std::size_t decimals, int count) noexcept {
+    switch (count) {
+      case 1:
+        return number_.putDigits<1>(decimals / 1000);
+      case 2:
+        return number_.putDigits<2>(decimals / 100);
+      case 3:
+        return number_.putDigits<3>(decimals / 10);
+      default:
+        number_.putDigits<1>(decimals % 10);
+        number_.putDigits<3>(decimals / 10);
+    }
+  }
+
+  Room room_ = kBlanks;
+  Backwards number_;
+  std::size_t zeros_;
+  bool isEnclosed_;
 };
 
-void write(const Amount& amount, const NumberField& field, Backwards& number) noexcept {
-  if (field.decimals > 0) {
-    const int count = std::min(field.decimals, Currency::kDecimals);
-    const std::uint64_t step = kSteps[static_cast<std::size_t>(count)];
-    number.putDigits(amount.rounded % Currency::kUnit / step, count);
-    number.put(field.decimalMark);
-  }
-  number.putUnits(amount.rounded / Currency::kUnit, field.thousandsMark);
-  if (amount.sign != 0) number.put(amount.sign);
-}
-
-// For a number that does not fit.
-void formatWithoutMarks(Currency value, NumberField field, Text& result) {
-  if (field.thousandsMark == 0) {
-    result.assign(field.width, u'*');
-  } else {
-    field.thousandsMark = 0;
-    formatField(value, field, result);
-  }
+NumberField withoutMarks(NumberField field) noexcept {
+  field.thousandsMark = 0;
+  return field;
 }
 
 }  // namespace
 
 void formatField(Currency value, const NumberField& field, Text& result) {
-  const std::uint64_t rounded = roundedMagnitude(magnitudeOf(value), field.decimals);
-  const bool isNegative = value.tenThousandths < 0 && rounded != 0;
-  const bool isEnclosed = isNegative && field.parenthesis;
-  const Amount amount{rounded, isEnclosed ? u'(' : isNegative ? u'-' : char16_t{0}};
-
-  Room room = kBlanks;
-  char16_t* const end = room.data() + room.size();
-  Backwards number(end);
-  write(amount, field, number);
-
-  // What stands behind the decimals that an amount has.
-  const auto zeros = static_cast<std::size_t>(std::max(field.decimals - Currency::kDecimals, 0));
-  const std::size_t written = static_cast<std::size_t>(end - number.first());
-  const std::size_t size = written + zeros + (isEnclosed ? 1 : 0);
-  if (field.width != 0 && size > field.width) {
-    formatWithoutMarks(value, field, result);
+  if (field.width != 0) {
+    result.resize(field.width);
+    putField(value, field, result.data());
     return;
   }
-  result.clear();
-  if (size == written && field.width <= kRoom) {
-    const std::size_t taken = std::max(written, field.width);
-    result.append(end - taken, taken);
-    return;
+  const WrittenAmount amount(value, field);
+  result.resize(amount.size());
+  amount.putInto(result.data(), result.size());
+}
+
+void putField(Currency value, const NumberField& field, char16_t* place) noexcept {
+  const WrittenAmount amount(value, field);
+  if (amount.size() <= field.width) {
+    amount.putInto(place, field.width);
+  } else if (field.thousandsMark != 0) {
+    putField(value, withoutMarks(field), place);
+  } else {
+    std::fill_n(place, field.width, u'*');
   }
-  if (size < field.width) result.append(field.width - size, u' ');
-  result.append(number.first(), written).append(zeros, u'0');
-  if (isEnclosed) result.push_back(u')');
 }
 
 }  // namespace LibTarvoCI

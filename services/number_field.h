@@ -19,4 +19,7 @@ struct NumberField {
 // Takes every amount there is.  REQUIRES: decimals >= 0.
 void formatField(Currency value, const NumberField& field, Text& result);
 
+// The same, put where there is room for just the width.  REQUIRES: a width; 0 <= decimals <= 255.
+void putField(Currency value, const NumberField& field, char16_t* place) noexcept;
+
 }  // namespace LibTarvoCI

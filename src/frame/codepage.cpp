@@ -44,6 +44,12 @@ bool isAscii(const char16_t* piece) {
   return all < 0x80;
 }
 
+bool isAscii(const char* piece) {
+  unsigned all = 0;
+  for (std::size_t i = 0; i < kPiece; ++i) all |= static_cast<std::uint8_t>(piece[i]);
+  return all < 0x80;
+}
+
 }  // namespace
 
 CodePage::CodePage(const Characters& characters)
@@ -100,8 +106,19 @@ void CodePage::encode(TextView text, std::string& bytes) const {
 
 void CodePage::decode(std::string_view bytes, Text& text) const {
   text.resize(bytes.size());
-  char16_t* out = text.data();
-  for (const char byte : bytes) *out++ = characters_[static_cast<std::uint8_t>(byte)];
+  const char* const in = bytes.data();
+  char16_t* const out = text.data();
+  const auto decodeEach = [&](std::size_t begin, std::size_t end) {
+    for (std::size_t i = begin; i < end; ++i) out[i] = decode(static_cast<std::uint8_t>(in[i]));
+  };
+  const auto decodePiece = [&](std::size_t at) {
+    if (!keepsAscii_ || !isAscii(in + at)) return decodeEach(at, at + kPiece);
+    for (std::size_t i = at; i < at + kPiece; ++i) out[i] = static_cast<char16_t>(in[i]);
+  };
+  if (bytes.size() < kPiece) return decodeEach(0, bytes.size());
+  const std::size_t last = bytes.size() - kPiece;
+  for (std::size_t at = 0; at < last; at += kPiece) decodePiece(at);
+  decodePiece(last);  // some of it for the second time
 }
 
 }  // namespace tarvo

@@ -65,14 +65,26 @@ RunTimeError::RunTimeError(std::int32_t number, Details details)
     : RunTimeError(number, std::move(details), lastSystemError()) {}
 
 RunTimeError::RunTimeError(std::int32_t number, Details details, std::int32_t lastDllError) {
-  std::string what = std::to_string(number) + " " + toUtf8(details.description);
-  content_ = std::make_shared<const Content>(
-      Content{number, std::move(details), lastDllError, std::move(what)});
+  content_ = std::make_shared<const Content>(Content{number, std::move(details), lastDllError, {}});
 }
 
-// At load time no thread has values yet, so there is no system error to ask for.
-const RunTimeError RunTimeError::kMemoryIsExhausted(kOutOfMemory,
-                                                    ownError(describeErrorNumber(kOutOfMemory)), 0);
+const char* RunTimeError::what() const noexcept {
+  try {
+    std::string& what = content_->what;
+    if (what.empty()) what = std::to_string(number()) + " " + toUtf8(description());
+    return what.c_str();
+  } catch (const std::exception&) {  // there is no memory for it
+    return "run-time error";
+  }
+}
+
+// At load time no thread has values yet, so there is no system error to ask for.  All threads share
+// it, so what it says is made here.
+const RunTimeError RunTimeError::kMemoryIsExhausted = [] {
+  const RunTimeError error(kOutOfMemory, ownError(describeErrorNumber(kOutOfMemory)), 0);
+  error.what();
+  return error;
+}();
 
 namespace {
 

@@ -74,15 +74,16 @@ class RunTimeError : public std::exception {
   // The system's error code of the last platform call before this error was raised.
   std::int32_t lastDllError() const noexcept { return content_->lastDllError; }
 
-  // Number and description in UTF-8, for logs and test output.
-  const char* what() const noexcept override { return content_->what.c_str(); }
+  // Number and description in UTF-8, for logs and test output.  Made when it is asked for: on its
+  // way to the client an error becomes a new one at every level, with a longer description.
+  const char* what() const noexcept override;
 
  private:
   struct Content {
     std::int32_t number;
     Details details;
     std::int32_t lastDllError;
-    std::string what;
+    mutable std::string what;
   };
 
   RunTimeError(std::int32_t number, Details details, std::int32_t lastDllError);

@@ -207,6 +207,19 @@ class clsConvert : public Object {
   // Stand-in: the length itself, whatever the code.
   virtual std::int32_t fReportWidth(std::int32_t valLength, std::int16_t valCode) = 0;
 
+  // How a number's field is made.
+  struct FieldForm {
+    std::int16_t decimals = 0;
+    bool parenthesis = false;
+    bool hasCommaDot = false;  // as fFormatNumberCommaDot does it, else as fFormatNumberDotComma
+  };
+
+  // Puts what those two operations give for a width into storage of exactly that width.  Not an
+  // operation of the core library: for a service in the same program, and only where it says so.
+  // Never raises.  REQUIRES: putsFields(), a width of 1 to 255, 0 to 255 decimals.
+  virtual void putField(Currency, const FieldForm&, std::span<char16_t>) noexcept {}
+  virtual bool putsFields() const noexcept { return false; }
+
   // As clsTexto::mayBeBypassed: a call whose result is known already may be left out.
   virtual bool mayBeBypassed() const noexcept { return false; }
 };

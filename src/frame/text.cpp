@@ -1,5 +1,6 @@
 #include "frame/text.h"
 
+#include <algorithm>
 #include <cstdint>
 
 namespace tarvo {
@@ -80,9 +81,17 @@ char32_t lowerAscii(char32_t c) { return c >= 'A' && c <= 'Z' ? c + ('a' - 'A') 
 }  // namespace
 
 std::string toUtf8(TextView text) {
-  std::string out;
-  out.reserve(text.size());
-  for (std::size_t i = 0; i < text.size(); ++i) {
+  std::string result;
+  toUtf8(text, result);
+  return result;
+}
+
+void toUtf8(TextView text, std::string& out) {
+  // Names and messages are plain ASCII mostly.
+  const auto plain = std::find_if(text.begin(), text.end(), [](char16_t c) { return c >= 0x80; });
+  out.resize(static_cast<std::size_t>(plain - text.begin()));
+  std::transform(text.begin(), plain, out.begin(), [](char16_t c) { return static_cast<char>(c); });
+  for (auto i = static_cast<std::size_t>(plain - text.begin()); i < text.size(); ++i) {
     char32_t point = text[i];
     if (isHighSurrogate(point) && i + 1 < text.size() && isLowSurrogate(text[i + 1])) {
       point = 0x10000 + ((point - 0xD800) << 10) + (text[++i] - 0xDC00u);
@@ -91,7 +100,6 @@ std::string toUtf8(TextView text) {
     }
     appendUtf8(out, point);
   }
-  return out;
 }
 
 Text fromUtf8(std::string_view utf8) {

@@ -20,6 +20,7 @@ using TextList = std::vector<Text>;
 // UTF-8 for diagnostics, file names and other doors that the platform keeps in UTF-8.
 // A lone surrogate becomes U+FFFD; a malformed UTF-8 sequence likewise, one per bad byte.
 std::string toUtf8(TextView text);
+void toUtf8(TextView text, std::string& result);  // replaces it, in the storage that it has
 Text fromUtf8(std::string_view utf8);
 
 // Text from characters 0 to 127 (names of procedures, plain words).  REQUIRES: plain ASCII.

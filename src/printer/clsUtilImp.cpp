@@ -71,11 +71,10 @@ class PrinterBytes {
 
   // Puts as many bytes as the text has characters.
   void put(TextView text, char* bytes) const noexcept {
-    std::size_t i = 0;
-    for (; keepsAscii_ && text.size() - i >= kAtOnce; i += kAtOnce) {
-      if (!putAscii(text.data() + i, bytes + i)) putEach(text.substr(i, kAtOnce), bytes + i);
-    }
-    putEach(text.substr(i), bytes + i);
+    if (!keepsAscii_ || text.size() < kAtOnce) return putEach(text, bytes);
+    const std::size_t last = text.size() - kAtOnce;
+    for (std::size_t i = 0; i < last; i += kAtOnce) putEight(text.data() + i, bytes + i);
+    putEight(text.data() + last, bytes + last);  // some of them for the second time
   }
 
  private:
@@ -88,6 +87,10 @@ class PrinterBytes {
       return all;
     }();
     return kCharacters[number];
+  }
+
+  void putEight(const char16_t* text, char* bytes) const noexcept {
+    if (!putAscii(text, bytes)) putEach({text, kAtOnce}, bytes);
   }
 
   // Most of what is printed.  False: not all of the eight are.

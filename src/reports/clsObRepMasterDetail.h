@@ -20,9 +20,10 @@
 //
 // Errors: every operation but the properties follows the convention of trapped.h.  What the
 // operator has to know (no printer, no template, refused, nothing found) is a message and no error.
-// An error in the middle leaves the job open.  A page break that leads to itself, such as a header
-// as long as its page, is error 28 after 200 pages within one another.  So is the word SALTAPAGINA
-// together with top margin lines: the lines of the margin still belong to the line with the word.
+// An error in the middle leaves the job open.  A page break that leads to itself, such as the word
+// SALTAPAGINA in the header, is error 28 after 200 pages within one another.  So is a top margin
+// longer than its page, and that word anywhere together with top margin lines: the lines of the
+// margin still belong to the line with the word.  A header longer than its page is printed whole.
 //
 // Threads: the client's.  One report at a time.
 #pragma once
@@ -152,6 +153,8 @@ class clsObRepMasterDetail final : public ReportEngine {
   Ref<clsBody> insertBody_;
   Section* section_ = nullptr;  // the one that is being read
   Kept<Text> lineStorage_;      // borrowed by each section
+  Kept<Text> searchStorage_;    // and by those that look for a marker
+  Kept<Text> markerStorage_;
   Currency subTotal_;
   std::int16_t pagesWithinPages_ = 0;
   std::uint8_t numberOfCopies_ = 1;

@@ -1,4 +1,5 @@
 // The sections of the template, its constants, and the variables that the report answers itself.
+#include <algorithm>
 #include <utility>
 
 #include "frame/modRDPGlobalValues.h"
@@ -8,6 +9,7 @@
 #include "reports/clsObRepMasterDetail.h"
 #include "reports/library_variables.h"
 #include "reports/section_markers.h"
+#include "template/braces.h"
 #include "template/text_parts.h"
 
 namespace tarvo {
@@ -21,14 +23,27 @@ constexpr TextView kPageLength = u"NMAXLINPAGINA";
 // Compared with a name in capitals, so it never matches.  Templates that have it rely on that.
 constexpr TextView kPageLengthOfOld = u"NUMERODELinesPORPAGINA";
 
+// Whether the line, in capitals, begins with the marker.
+bool beginsInEitherCase(TextView line, TextView marker) noexcept {
+  return line.size() >= marker.size() &&
+         std::equal(marker.begin(), marker.end(), line.begin(),
+                    [](char16_t capital, char16_t c) { return capital == upperCase(c); });
+}
+
+// Whether the line, in capitals, holds the marker, which begins with a brace.
+bool holdsSectionMarker(TextView line, TextView marker) noexcept {
+  if (!holdsBrace(line)) return false;
+  for (std::size_t at = line.find(u'{'); at != TextView::npos; at = line.find(u'{', at + 1)) {
+    if (beginsInEitherCase(line.substr(at), marker)) return true;
+  }
+  return false;
+}
+
 // Whether the line, in capitals, holds the marker; an empty line and an empty marker never do.
-// A service that may be bypassed is not asked whether a line without a brace holds a section's
-// marker.
 bool holds(TextView line, TextView marker) {
   if (line.empty() || marker.empty()) return false;
   const TextParts texts;
-  const bool needsBrace = marker.starts_with(u'{');
-  if (needsBrace && texts->mayBeBypassed() && line.find(u'{') == TextView::npos) return false;
+  if (marker.starts_with(u'{') && texts->mayBeBypassed()) return holdsSectionMarker(line, marker);
   return texts->fHolds(upperCase(line), marker);
 }
 
@@ -168,10 +183,10 @@ void clsObRepMasterDetail::sCleanAndExtractVariableAndContent(Text& line, Text& 
 bool clsObRepMasterDetail::fReadFileUntilLineFrom(TextView lineaDesde, Text& lineaLeida) try {
   if (lineaDesde.empty()) return true;
   if (section_ == nullptr) throw RunTimeError(kObjectNotSet);
-  Text line;  // a client may ask while the section's own line is being printed
-  while (section_->next(line)) {
-    if (holds(line, lineaDesde)) {
-      lineaLeida = std::move(line);
+  Borrowed<Text> line(searchStorage_);  // the section's own line may be the one being printed
+  while (section_->next(*line)) {
+    if (holds(*line, lineaDesde)) {
+      lineaLeida = *line;
       return true;
     }
   }
@@ -189,8 +204,8 @@ void clsObRepMasterDetail::sReadFileFromLineFromToLineUntilAndPrint(TextView fro
                                                                     TextView until) try {
   if (!templateExists()) return sSendAlertIDNotFound();
   Section section(*this);
-  Text ignored;
-  if (fReadFileUntilLineFrom(from, ignored)) {
+  Borrowed<Text> markerLine(markerStorage_);
+  if (fReadFileUntilLineFrom(from, *markerLine)) {
     while (section.next() && !holds(section.line(), until)) {
       sProcessLineToWriteAndPrint(section.line());
     }

@@ -22,7 +22,8 @@ inline LibraryVariable libraryVariable(TextView field) noexcept {
   constexpr TextView kBroughtForward = u"VIENEN";
   constexpr TextView kRecordNumber = u"NUMERAR";
   const auto ifIt = [field](TextView is, LibraryVariable variable) {
-    return TextEqual()(field, is) ? variable : LibraryVariable::kNone;
+    return field.front() == is.front() && TextEqual()(field, is) ? variable
+                                                                 : LibraryVariable::kNone;
   };
   switch (field.size()) {
     case kEndOfRecords.size():

@@ -21,9 +21,9 @@ void showMessage(TextView text, TextView title) {
 }
 
 bool isBlank(TextView text) {
-  Text trimmed;
-  TextParts()->fTrim(text, trimmed);
-  return trimmed.empty();
+  Text rest;
+  TextParts()->fStrip(text, u" ", rest);
+  return rest.empty();
 }
 
 }  // namespace

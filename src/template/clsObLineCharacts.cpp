@@ -9,44 +9,17 @@
 #include "frame/modRDPGlobalValues.h"
 #include "frame/upper_case.h"
 #include "printer/clsUtilImp.h"
+#include "template/braces.h"
 #include "template/text_parts.h"
 
 namespace tarvo {
 namespace {
-
-constexpr TextView kPauseWord = u"PAUSA";
 
 // In capitals, without blanks at its ends.
 Text wordOf(TextView text) {
   Text trimmed;
   TextParts()->fTrim(text, trimmed);
   return upperCase(trimmed);
-}
-
-// Eight characters that are looked at in one step.
-using Eight = std::uint16_t __attribute__((vector_size(16)));
-constexpr Eight kOpening{u'{', u'{', u'{', u'{', u'{', u'{', u'{', u'{'};
-constexpr Eight kClosing{u'}', u'}', u'}', u'}', u'}', u'}', u'}', u'}'};
-
-// Marks what it finds.
-void findBraces(const char16_t* text, Eight& found) noexcept {
-  Eight characters;
-  std::memcpy(&characters, text, sizeof characters);
-  found |= Eight((characters == kOpening) | (characters == kClosing));
-}
-
-bool holdsBrace(TextView text) noexcept {
-  constexpr std::size_t kAtOnce = 8;
-  if (text.size() < kAtOnce) {
-    return std::any_of(text.begin(), text.end(), [](char16_t c) { return c == u'{' || c == u'}'; });
-  }
-  const std::size_t last = text.size() - kAtOnce;
-  Eight found{};
-  findBraces(text.data() + last, found);
-  for (std::size_t i = 0; i < last; i += kAtOnce) findBraces(text.data() + i, found);
-  std::array<std::uint64_t, 2> halves;
-  std::memcpy(&halves, &found, sizeof halves);
-  return (halves[0] | halves[1]) != 0;
 }
 
 // Where the printer's profile keeps what a word sends.
@@ -159,6 +132,7 @@ inline bool clsObLineCharacts::isTranslatingStill() const {
 }
 
 inline void clsObLineCharacts::removeVariable(const clsObSpecialVar& variable) {
+  isAtTaken_ = false;
   if (isTranslatingStill() && beginsTheRest(variable)) {
     restBegin_ = next_->end();
     removed_ = next_;
@@ -299,6 +273,7 @@ void clsObLineCharacts::beginTranslation(const Ref<TemplateLine>& line) {
   restBegin_ = 0;
   next_ = line->variables();
   removed_ = nullptr;
+  isAtTaken_ = false;
   template_ = line;
 }
 
@@ -313,18 +288,23 @@ void clsObLineCharacts::joinText() const {
 
 // The same with a text at the place of the variable that was removed.
 void clsObLineCharacts::joinText(TextView between) const {
-  textToWrite_.assign(template_->image(), 0, settled_);
-  textToWrite_.append(between).append(template_->text(), restBegin_);
+  textToWrite_.clear();
+  textToWrite_.append(template_->imageUpTo(next_).data(), settled_);
+  if (!between.empty()) textToWrite_.append(between);
+  const TextView rest = TextView(template_->text()).substr(restBegin_);
+  if (!rest.empty()) textToWrite_.append(rest);
   leaveTemplate();
 }
 
 void clsObLineCharacts::leaveTemplate() const noexcept {
   if (!isTranslating()) return;
+  isAtTaken_ = false;
   template_->endReading();
   template_ = {};
 }
 
 void clsObLineCharacts::lookForNextVariable() {
+  isAtTaken_ = false;
   if (!isTranslatingStill()) {
     sExtractSpecialVar(textToWrite_);
     joinText();  // a message may have led back to this line, and to another translation
@@ -345,7 +325,7 @@ void clsObLineCharacts::readNextVariable() {
   const Ref<TemplateLine> held = template_;
   const Ref<clsObSpecialVar> variable = specialVar_;
   TemplateLine::Variable& next = *next_;
-  Text rest(held->image(), 0, settled_);
+  Text rest(held->imageUpTo(&next), 0, settled_);
   rest.append(held->text(), restBegin_);
   sExtractSpecialVar(rest);
   // A message may have led back to this line, and have done anything to it.
@@ -353,10 +333,11 @@ void clsObLineCharacts::readNextVariable() {
     joinText();
     return;
   }
-  next.value.isKnown = false;
+  next.value.form = SettledValue::Form::kUnknown;
   next.parsed = variable->lastParsed();
   next.control = controlOf(upperCase(trimBlanks(variable->GetFieldName())));
   next.isConstant = variable->GetFieldName().starts_with(kFreeMark);
+  next.isLibrarys = next.isConstant || next.control != Control::kNone;
 }
 
 // Words that only send a code, and constants, whose value stands in the image: the variable need
@@ -364,7 +345,7 @@ void clsObLineCharacts::readNextVariable() {
 void clsObLineCharacts::passKnownWords() {
   for (; next_ + 1 != template_->variablesEnd(); ++next_) {
     // An IIF's list stays behind in the variable.
-    if (!next_->value.isKnown || next_->parsed->iif) return;
+    if (!next_->value.isKnownText() || next_->parsed->iif) return;
     if (!next_->isConstant && !sendsKnownCode(*next_)) return;
     settled_ += next_->open - restBegin_ + next_->valueSize;
     restBegin_ = next_->end();
@@ -380,6 +361,12 @@ bool clsObLineCharacts::sendsKnownCode(const TemplateLine::Variable& word) {
 void clsObLineCharacts::settleStepByStep() {
   sFormatSpecialVar();
   sReplaceVarInTextToWrite();
+}
+
+void clsObLineCharacts::leaveTextInVariable() const {
+  const std::size_t size = next_[-1].valueSize;
+  const Text& image = template_->imageUpTo(next_);
+  specialVar_->leaveText({image.data() + settled_ - size, size});
 }
 
 // Where nobody watches the services and nothing but the text matters, it goes to its place at once,

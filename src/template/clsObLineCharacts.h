@@ -42,6 +42,7 @@ class clsObLineCharacts final : public TrappedObject {
   const Ref<clsObSpecialVar>& GetSpecialVar() const noexcept { return specialVar_; }
   void SetSpecialVar(Ref<clsObSpecialVar> valNewValue) noexcept {
     specialVar_ = std::move(valNewValue);
+    isAtTaken_ = false;
   }
 
   // Kept for the engines, like HasTab and TabPos.
@@ -131,7 +132,7 @@ class clsObLineCharacts final : public TrappedObject {
 
   // Whether the text holds a "{".
   bool holdsVariable() const {
-    return isTranslating() ? next_ != template_->variablesEnd() : findsVariable();
+    return isTranslating() ? next_ != template_.get()->variablesEnd() : findsVariable();
   }
 
   // As sExtractSpecialVar with the present text.
@@ -140,7 +141,7 @@ class clsObLineCharacts final : public TrappedObject {
   }
 
   // Whether the variable is known to be neither a control word nor a constant.
-  bool isKnownToBeClients() const noexcept { return isTranslating() && !next_->isLibrarys(); }
+  bool isKnownToBeClients() const noexcept { return isTranslating() && !next_->isLibrarys; }
 
   // As fSpecialVarIsAnyControlChar with the field's name.  Gives what goes to the printer, either
   // `content` or a text of the printer's; null when the name is no control word.
@@ -166,7 +167,9 @@ class clsObLineCharacts final : public TrappedObject {
   void passKnownWords();
   static bool sendsKnownCode(const TemplateLine::Variable& word);
   bool isAtKeptValue() const noexcept;
-  void takeKeptValue();
+  bool takesValue(const clsObSpecialVar& variable);
+  void passValue();
+  void leaveTextInVariable() const;
   void settleStepByStep();
   void settlePlainValue();
   void putValue(TextView value);
@@ -191,6 +194,9 @@ class clsObLineCharacts final : public TrappedObject {
   TemplateLine::Variable* next_ = nullptr;     // the first variable of the rest
   TemplateLine::Variable* removed_ = nullptr;  // the one before it, until its value is put there
 
+  // The variable was taken from next_, and nothing of all this has changed since.
+  mutable bool isAtTaken_ = false;
+
   Ref<clsObSpecialVar> specialVar_;
   eAlignmentType alignment_ = eAT_Right;
   std::uint8_t tabPos_ = 0;
@@ -206,49 +212,62 @@ class clsObLineCharacts final : public TrappedObject {
 
 // Whether the variable is still the one with which the rest of the template line begins.
 inline bool clsObLineCharacts::beginsTheRest(const clsObSpecialVar& variable) const noexcept {
-  return next_ != template_->variablesEnd() && restBegin_ == next_->open &&
-         static_cast<std::size_t>(variable.GetPosBegin()) == settled_ + 1 &&
-         static_cast<std::size_t>(variable.GetSize()) == next_->size;
+  return next_ != template_.get()->variablesEnd() && restBegin_ == next_->open &&
+         variable.standsAt(settled_ + 1, next_->size);
 }
 
 // The way of nearly every variable: it was read before, and nothing has happened since the one
 // before it.
 inline bool clsObLineCharacts::takesNextVariable() {
-  if (!isTranslating() || !template_->hasKeptValues() || !specialVar_) return false;
-  if (next_->isLibrarys()) passKnownWords();
-  if (!next_->parsed) return false;
-  const std::size_t place = settled_ + (next_->open - restBegin_) + 1;
-  if (place + next_->size >= kLastPlace) return false;
+  clsObSpecialVar* const variable = specialVar_.get();
+  if (!isTranslating() || !template_.get()->hasKeptValues() || variable == nullptr) return false;
+  if (next_->isLibrarys) passKnownWords();
+  const TemplateLine::Variable& next = *next_;
+  const ParsedVariable* const parsed = next.parsed.get();
+  if (parsed == nullptr) return false;
+  const std::size_t place = settled_ + (next.open - restBegin_) + 1;
+  if (place + next.size >= kLastPlace) return false;
   settled_ = place - 1;
-  restBegin_ = next_->open;
-  specialVar_->takeParsed(*next_->parsed, static_cast<std::int16_t>(place));
+  restBegin_ = next.open;
+  variable->takeParsed(*parsed, static_cast<std::int16_t>(place));
+  isAtTaken_ = true;
   return true;
 }
 
 // Whether nothing but the variable's value and attributes can have changed since then.
 inline bool clsObLineCharacts::isAtKeptValue() const noexcept {
-  return isTranslating() && template_->hasKeptValues() && template_->isOfPresentServices() &&
-         specialVar_ && beginsTheRest(*specialVar_) && next_->parsed;
+  return isAtTaken_ && template_.get()->isOfPresentServices() &&
+         specialVar_.get()->standsAt(settled_ + 1, next_->size);
+}
+
+// Whether the image has the present value, or has taken it.
+[[gnu::always_inline]] inline bool clsObLineCharacts::takesValue(const clsObSpecialVar& variable) {
+  const ParsedVariable& parsed = *next_->parsed.get();
+  if (variable.isNumberField(parsed)) {
+    return template_.get()->takesNumberField(*next_, variable.GetContentNumeric(),
+                                             variable.parenthesisIfNegative());
+  }
+  if (variable.isTextField(parsed)) {
+    return template_.get()->takesTextField(*next_, settled_, variable.GetContentString());
+  }
+  return variable.hasStill(next_->value, parsed);
 }
 
 // What formatting leaves in the variable is seen only when no other variable follows, which clears
 // it.
-inline void clsObLineCharacts::takeKeptValue() {
+inline void clsObLineCharacts::passValue() {
   settled_ += next_->valueSize;
   restBegin_ = next_->end();
   ++next_;
-  if (next_ == template_->variablesEnd()) {
-    const std::size_t size = next_[-1].valueSize;
-    specialVar_->SetTextToWrite({template_->image().data() + settled_ - size, size});
-  }
+  if (next_ == template_.get()->variablesEnd()) leaveTextInVariable();
 }
 
-inline void clsObLineCharacts::settleVariable() {
+[[gnu::always_inline]] inline void clsObLineCharacts::settleVariable() {
   if (!isAtKeptValue()) return settleStepByStep();
-  const clsObSpecialVar& variable = *specialVar_;
+  const clsObSpecialVar& variable = *specialVar_.get();
   if (!variable.GetPrintLine()) return settleStepByStep();
-  if (variable.hasStill(next_->value, *next_->parsed)) {
-    takeKeptValue();
+  if (takesValue(variable)) {
+    passValue();
   } else if (variable.isPlain()) {
     settlePlainValue();
   } else {

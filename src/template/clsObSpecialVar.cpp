@@ -13,8 +13,7 @@ constexpr std::int32_t kLongestFreeAttributes = 255;
 
 }  // namespace
 
-clsObSpecialVar::clsObSpecialVar()
-    : names_(make<VariableNames>()), iif_(make<IifValues>()), noNames_(make<VariableNames>()) {
+clsObSpecialVar::clsObSpecialVar() : nothing_(make<ParsedVariable>()), iif_(make<IifValues>()) {
   clear();
 }
 clsObSpecialVar::~clsObSpecialVar() = default;
@@ -35,11 +34,11 @@ void clsObSpecialVar::setIifValues(Value values) {
 }
 
 VariableNames& clsObSpecialVar::ownNames() {
-  if (namesAreShared_) {
-    names_ = make<VariableNames>(*names_);
-    namesAreShared_ = false;
+  if (names_ != ownNames_.get()) {
+    ownNames_ = make<VariableNames>(*names_);
+    names_ = ownNames_.get();
   }
-  return *names_;
+  return *ownNames_;
 }
 
 void clsObSpecialVar::sClrObject() try { clear(); } catch (...) {
@@ -47,9 +46,7 @@ void clsObSpecialVar::sClrObject() try { clear(); } catch (...) {
 }
 
 void clsObSpecialVar::clear() {
-  names_ = noNames_;
-  namesAreShared_ = true;
-  a_ = {};
+  share(*nothing_);
   hasIifOfItsOwn_ = false;
   posEnd_ = 0;
   size_ = 0;
@@ -108,12 +105,11 @@ void clsObSpecialVar::raiseAttributesOfFreeVariable(const Text& written) {
 }
 
 Ref<const ParsedVariable> clsObSpecialVar::parsedNow(std::size_t size) {
-  const Ref<ParsedVariable> parsed = make<ParsedVariable>();
-  parsed->attributes = a_;
-  parsed->names = names_;
+  const Ref<ParsedVariable> parsed = make<ParsedVariable>(*a_, Ref<const VariableNames>(names_));
   if (hasIifOfItsOwn_) parsed->iif = iif_;
   parsed->size = narrow<std::int16_t>(size);
-  namesAreShared_ = true;
+  share(*parsed);
+  ownNames_ = nullptr;
   return parsed;
 }
 

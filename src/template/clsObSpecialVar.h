@@ -60,10 +60,14 @@ class clsObSpecialVar final : public TrappedObject {
   void SetFieldName(TextView valNewValue) { ownNames().fieldName = valNewValue; }
 
   // Whether an element number in brackets was written, and the number, 0 to 255.
-  bool GetIsFieldOfArray() const noexcept { return a_.isFieldOfArray; }
-  void SetIsFieldOfArray(bool valNewValue) noexcept { a_.isFieldOfArray = valNewValue; }
-  std::uint8_t GetArrayPosition() const noexcept { return a_.arrayPosition; }
-  void SetArrayPosition(std::uint8_t valNewValue) noexcept { a_.arrayPosition = valNewValue; }
+  bool GetIsFieldOfArray() const noexcept { return a_->isFieldOfArray; }
+  void SetIsFieldOfArray(bool valNewValue) noexcept {
+    ownAttributes().isFieldOfArray = valNewValue;
+  }
+  std::uint8_t GetArrayPosition() const noexcept { return a_->arrayPosition; }
+  void SetArrayPosition(std::uint8_t valNewValue) noexcept {
+    ownAttributes().arrayPosition = valNewValue;
+  }
 
   // --- The value, one for each kind; GetTypeField says which counts.
 
@@ -76,50 +80,62 @@ class clsObSpecialVar final : public TrappedObject {
 
   // --- How the value is laid out.
 
-  bool GetAlignmentWasRead() const noexcept { return a_.alignmentWasRead; }
-  void SetAlignmentWasRead(bool valNewValue) noexcept { a_.alignmentWasRead = valNewValue; }
+  bool GetAlignmentWasRead() const noexcept { return a_->alignmentWasRead; }
+  void SetAlignmentWasRead(bool valNewValue) noexcept {
+    ownAttributes().alignmentWasRead = valNewValue;
+  }
   // Default: eAT_Left.
-  eAlignmentType GetAlignmentType() const noexcept { return a_.alignmentType; }
-  void SetAlignmentType(eAlignmentType valNewValue) noexcept { a_.alignmentType = valNewValue; }
+  eAlignmentType GetAlignmentType() const noexcept { return a_->alignmentType; }
+  void SetAlignmentType(eAlignmentType valNewValue) noexcept {
+    ownAttributes().alignmentType = valNewValue;
+  }
 
   // The kind of the value that was given last.  Default: TFR_String.
   eTypeFieldRecord GetTypeField() const noexcept { return typeField_; }
 
   // Characters that the value takes; 0: as many as it has.
-  std::uint8_t GetLength() const noexcept { return a_.length; }
-  void SetLength(std::uint8_t valNewValue) noexcept { a_.length = valNewValue; }
+  std::uint8_t GetLength() const noexcept { return a_->length; }
+  void SetLength(std::uint8_t valNewValue) noexcept { ownAttributes().length = valNewValue; }
   // Decimals of a number.
-  std::uint8_t GetDecimalPlaces() const noexcept { return a_.decimalPlaces; }
-  void SetDecimalPlaces(std::uint8_t valNewValue) noexcept { a_.decimalPlaces = valNewValue; }
+  std::uint8_t GetDecimalPlaces() const noexcept { return a_->decimalPlaces; }
+  void SetDecimalPlaces(std::uint8_t valNewValue) noexcept {
+    ownAttributes().decimalPlaces = valNewValue;
+  }
 
   // Marks between a number's thousands.  Default: true.
-  bool GetPrintComa() const noexcept { return a_.printComa; }
-  void SetPrintComa(bool valNewValue) noexcept { a_.printComa = valNewValue; }
+  bool GetPrintComa() const noexcept { return a_->printComa; }
+  void SetPrintComa(bool valNewValue) noexcept { ownAttributes().printComa = valNewValue; }
   // False: a number 0 prints as blanks.  Default: true.
-  bool GetPrintZero() const noexcept { return a_.printZero; }
-  void SetPrintZero(bool valNewValue) noexcept { a_.printZero = valNewValue; }
+  bool GetPrintZero() const noexcept { return a_->printZero; }
+  void SetPrintZero(bool valNewValue) noexcept { ownAttributes().printZero = valNewValue; }
   // The value without the blanks around it, narrower than its width.
-  bool GetNotSpacesToTheSides() const noexcept { return a_.notSpacesToTheSides; }
-  void SetNotSpacesToTheSides(bool valNewValue) noexcept { a_.notSpacesToTheSides = valNewValue; }
+  bool GetNotSpacesToTheSides() const noexcept { return a_->notSpacesToTheSides; }
+  void SetNotSpacesToTheSides(bool valNewValue) noexcept {
+    ownAttributes().notSpacesToTheSides = valNewValue;
+  }
   // Zeros instead of a number's blanks.
-  bool GetFillWithZero() const noexcept { return a_.fillWithZero; }
-  void SetFillWithZero(bool valNewValue) noexcept { a_.fillWithZero = valNewValue; }
+  bool GetFillWithZero() const noexcept { return a_->fillWithZero; }
+  void SetFillWithZero(bool valNewValue) noexcept { ownAttributes().fillWithZero = valNewValue; }
   // "," between thousands and "." before decimals, instead of the other way round.
-  bool GetSeparatorOfCommasAndDot() const noexcept { return a_.separatorOfCommasAndDot; }
+  bool GetSeparatorOfCommasAndDot() const noexcept { return a_->separatorOfCommasAndDot; }
   void SetSeparatorOfCommasAndDot(bool valNewValue) noexcept {
-    a_.separatorOfCommasAndDot = valNewValue;
+    ownAttributes().separatorOfCommasAndDot = valNewValue;
   }
   // A text of one character is repeated over its width.
-  bool GetRepeatCharsUntilFill() const noexcept { return a_.repeatCharsUntilFill; }
-  void SetRepeatCharsUntilFill(bool valNewValue) noexcept { a_.repeatCharsUntilFill = valNewValue; }
+  bool GetRepeatCharsUntilFill() const noexcept { return a_->repeatCharsUntilFill; }
+  void SetRepeatCharsUntilFill(bool valNewValue) noexcept {
+    ownAttributes().repeatCharsUntilFill = valNewValue;
+  }
 
   // The value decides about its line but is not printed itself.
-  bool GetVariableToWriteEmpty() const noexcept { return a_.variableToWriteEmpty; }
-  void SetVariableToWriteEmpty(bool valNewValue) noexcept { a_.variableToWriteEmpty = valNewValue; }
+  bool GetVariableToWriteEmpty() const noexcept { return a_->variableToWriteEmpty; }
+  void SetVariableToWriteEmpty(bool valNewValue) noexcept {
+    ownAttributes().variableToWriteEmpty = valNewValue;
+  }
   // An empty value suppresses the line.
-  bool GetVariableToApplyCondition() const noexcept { return a_.variableToApplyCondition; }
+  bool GetVariableToApplyCondition() const noexcept { return a_->variableToApplyCondition; }
   void SetVariableToApplyCondition(bool valNewValue) noexcept {
-    a_.variableToApplyCondition = valNewValue;
+    ownAttributes().variableToApplyCondition = valNewValue;
   }
 
   // --- Where it stands in its line: the two braces, and the number of characters between them.
@@ -133,18 +149,20 @@ class clsObSpecialVar final : public TrappedObject {
 
   // --- IIF(condition,value,value...): what is printed for an enumeration or a boolean.
 
-  bool GetValueComesInAttrib() const noexcept { return a_.valueComesInAttrib; }
-  void SetValueComesInAttrib(bool valNewValue) noexcept { a_.valueComesInAttrib = valNewValue; }
+  bool GetValueComesInAttrib() const noexcept { return a_->valueComesInAttrib; }
+  void SetValueComesInAttrib(bool valNewValue) noexcept {
+    ownAttributes().valueComesInAttrib = valNewValue;
+  }
   // An array of texts once an IIF was read; sClrObject leaves it as it is.  Default: Empty.
   const Value& GetIifPossibleValues() const noexcept { return iifPossibleValues(); }
   void SetIifPossibleValues(const Value& valNewValue);
 
   // Whether a second number in brackets, the place of a character in the value, was written.
   bool GetFieldOfArrayHasPositionInsideTheArray() const noexcept {
-    return a_.fieldOfArrayHasPositionInsideTheArray;
+    return a_->fieldOfArrayHasPositionInsideTheArray;
   }
   void SetFieldOfArrayHasPositionInsideTheArray(bool valNewValue) noexcept {
-    a_.fieldOfArrayHasPositionInsideTheArray = valNewValue;
+    ownAttributes().fieldOfArrayHasPositionInsideTheArray = valNewValue;
   }
 
   // --- What the line and the engines keep here.
@@ -161,7 +179,7 @@ class clsObSpecialVar final : public TrappedObject {
 
   // PATRONSEPARADOR=: codes of the blanks between the value's characters, see
   // clsObSpecialVar_pattern.cpp.
-  bool GetUsingSpecialSeparationString() const noexcept { return a_.usingSpecialSeparationString; }
+  bool GetUsingSpecialSeparationString() const noexcept { return a_->usingSpecialSeparationString; }
   const Text& GetSpecialSeparationString() const noexcept {
     return names().specialSeparationString;
   }
@@ -206,7 +224,12 @@ class clsObSpecialVar final : public TrappedObject {
   // Aligned to the left, unless an alignment was read.
   void SetContentString(TextView valValue);
   // Aligned to the right, unless an alignment was read.
-  void SetContentNumeric(Currency valValue, bool valParenthesisIfNegative);
+  void SetContentNumeric(Currency valValue, bool valParenthesisIfNegative) {
+    contentNumeric_ = valValue;
+    typeField_ = TFR_Numeric;
+    parenthesisIfNegative_ = valParenthesisIfNegative;
+    align(read_->ofNumber, eAT_Right);
+  }
   void SetContentDate(Date valValue);
   // What is printed for it stands in the variable's IIF.
   void SetContentEnum(TextView valValue);
@@ -248,10 +271,33 @@ class clsObSpecialVar final : public TrappedObject {
   // What sExtract read last, when reading it again would have no other effect; else null.
   Ref<const ParsedVariable> lastParsed() const noexcept { return lastParsed_; }
 
+  // Whether its opening brace is there, and as many characters between the braces.
+  bool standsAt(std::size_t posBegin, std::size_t size) const noexcept {
+    return static_cast<std::size_t>(posBegin_) == posBegin &&
+           static_cast<std::size_t>(size_) == size;
+  }
+
   // --- For the line, in place of sFormatSpecialVar (template_line.h).
 
   // Whether formatting gives the text that it gave for that value of a variable that reads so.
   bool hasStill(const SettledValue& value, const ParsedVariable& parsed) const noexcept;
+
+  // Whether the value is a text or a number of which a variable that reads so makes a field of
+  // exactly its length (parsed_variable.h).
+  bool isTextField(const ParsedVariable& parsed) const noexcept {
+    return typeField_ == TFR_String && a_ == &parsed.ofText && parsed.isTextField;
+  }
+  bool isNumberField(const ParsedVariable& parsed) const noexcept {
+    return typeField_ == TFR_Numeric && a_ == &parsed.ofNumber && parsed.isNumberField &&
+           (parsed.ofNumber.printZero || contentNumeric_ != Currency{});
+  }
+  bool parenthesisIfNegative() const noexcept { return parenthesisIfNegative_; }
+
+  // As SetTextToWrite.  REQUIRES: the text is not this object's.
+  void leaveText(TextView text) {
+    textToWrite_.clear();
+    textToWrite_.append(text);
+  }
 
   // Whether what is formatted depends on nothing else, and takes the variable's place as it is.
   // A date's year need not be asked for.
@@ -276,6 +322,9 @@ class clsObSpecialVar final : public TrappedObject {
 
   const VariableNames& names() const noexcept { return *names_; }
   VariableNames& ownNames();
+  ParsedAttributes& ownAttributes() noexcept;
+  void share(const ParsedVariable& parsed) noexcept;
+  void align(const ParsedAttributes& ofKind, eAlignmentType usual) noexcept;
   const Value& iifPossibleValues() const noexcept { return iif_->values; }
   void setIifValues(Value values);
   void clear();
@@ -333,11 +382,14 @@ class clsObSpecialVar final : public TrappedObject {
   // Of the thread to which the object belongs, and there as long as it.
   const modRDPGlobalValues& services_ = modRDPGlobalValues::ofThisThread();
 
-  ParsedAttributes a_;
-  Ref<VariableNames> names_;
+  // What was read last, and what it says; shared until somebody sets a part of it.
+  Ref<const ParsedVariable> read_;
+  const ParsedAttributes* a_ = nullptr;   // read_'s, or own_
+  const VariableNames* names_ = nullptr;  // read_'s, or ownNames_
+  ParsedAttributes own_;
+  Ref<VariableNames> ownNames_;
+  const Ref<const ParsedVariable> nothing_;  // of a cleared variable
   Ref<IifValues> iif_;
-  Ref<VariableNames> noNames_;
-  bool namesAreShared_ = false;
   bool hasIifOfItsOwn_ = false;  // the list is not one that an earlier variable left behind
 
   eTypeFieldRecord typeField_ = TFR_String;
@@ -380,27 +432,48 @@ inline void clsObSpecialVar::clearContent() noexcept {
   printLine_ = true;
 }
 
+inline ParsedAttributes& clsObSpecialVar::ownAttributes() noexcept {
+  if (a_ != &own_) {
+    own_ = *a_;
+    a_ = &own_;
+  }
+  return own_;
+}
+
+inline void clsObSpecialVar::share(const ParsedVariable& parsed) noexcept {
+  read_ = Ref<const ParsedVariable>(&parsed);
+  a_ = &parsed.attributes;
+  names_ = parsed.names.get();
+}
+
+// The value has become one of that kind.
+inline void clsObSpecialVar::align(const ParsedAttributes& ofKind, eAlignmentType usual) noexcept {
+  if (a_ != &own_) {
+    a_ = &ofKind;
+  } else if (!own_.alignmentWasRead) {
+    own_.alignmentType = usual;
+  }
+}
+
 inline void clsObSpecialVar::take(const ParsedVariable& parsed) {
   ++readings_;
-  a_ = parsed.attributes;
-  names_ = parsed.names;
-  namesAreShared_ = true;
+  share(parsed);
   hasIifOfItsOwn_ = static_cast<bool>(parsed.iif);
   if (hasIifOfItsOwn_) iif_ = parsed.iif;
 }
 
 inline bool clsObSpecialVar::hasStill(const SettledValue& value,
                                       const ParsedVariable& parsed) const noexcept {
-  return value.isKnown && typeField_ == value.kind && hasContentOf(value) &&
-         std::memcmp(&a_, &value.attributes, sizeof a_) == 0 && names_ == parsed.names;
+  return value.isKnownText() && typeField_ == value.kind && hasContentOf(value) &&
+         std::memcmp(a_, &value.attributes, sizeof *a_) == 0 && names_ == parsed.names.get();
 }
 
 // An IIF's list, the printer's codes and the line's suppression are more than is kept.
 inline bool clsObSpecialVar::isPlain() const noexcept {
   const bool isPlainKind =
       typeField_ == TFR_String || typeField_ == TFR_Numeric || typeField_ == TFR_Date;
-  return isPlainKind && !a_.usingSpecialSeparationString && !a_.variableToWriteEmpty &&
-         !a_.variableToApplyCondition;
+  return isPlainKind && !a_->usingSpecialSeparationString && !a_->variableToWriteEmpty &&
+         !a_->variableToApplyCondition;
 }
 
 inline bool clsObSpecialVar::hasContentOf(const SettledValue& value) const noexcept {

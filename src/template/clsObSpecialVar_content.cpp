@@ -14,20 +14,15 @@ constexpr std::size_t kLongestKept = 255;
 }  // namespace
 
 void clsObSpecialVar::SetContentString(TextView valValue) try {
-  contentString_ = valValue;
+  if (contentString_.empty()) {
+    contentString_.append(valValue);
+  } else {
+    contentString_ = valValue;  // it may be the present content
+  }
   typeField_ = TFR_String;
-  if (!a_.alignmentWasRead) a_.alignmentType = eAT_Left;
+  align(read_->ofText, eAT_Left);
 } catch (...) {
   trap("SetContentString");
-}
-
-void clsObSpecialVar::SetContentNumeric(Currency valValue, bool valParenthesisIfNegative) try {
-  contentNumeric_ = valValue;
-  typeField_ = TFR_Numeric;
-  if (!a_.alignmentWasRead) a_.alignmentType = eAT_Right;
-  parenthesisIfNegative_ = valParenthesisIfNegative;
-} catch (...) {
-  trap("SetContentNumeric");
 }
 
 void clsObSpecialVar::SetContentDate(Date valValue) try {
@@ -78,9 +73,9 @@ std::int16_t clsObSpecialVar::elementToTake(std::int16_t indexPosition, bool doF
                                             bool arrayPositionIsValid,
                                             std::int16_t arrayPosition) const noexcept {
   if (indexPosition != -1) return -1;
-  if (a_.fieldOfArrayHasPositionInsideTheArray) return a_.indexOfValueInArray;
+  if (a_->fieldOfArrayHasPositionInsideTheArray) return a_->indexOfValueInArray;
   if (arrayPositionIsValid || (doFillWithSpace && arrayPosition == -1)) {
-    arrayPosition = a_.arrayPosition;
+    arrayPosition = a_->arrayPosition;
   }
   return arrayPosition > 0 ? arrayPosition : std::int16_t{-1};
 }
@@ -91,12 +86,12 @@ void clsObSpecialVar::keepIn(SettledValue& value) const {
     value.text.clear();
     value.text.append(contentString_);
   }
-  value.isKnown = true;
+  value.form = SettledValue::Form::kText;
   value.kind = typeField_;
   value.number = contentNumeric_;
   value.parenthesisIfNegative = parenthesisIfNegative_;
   value.date = contentDate_;
-  value.attributes = a_;
+  value.attributes = *a_;
 }
 
 bool clsObSpecialVar::fIsEmpty() try {

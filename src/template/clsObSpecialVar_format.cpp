@@ -45,11 +45,11 @@ const Text& itemOf(const Value& list, std::size_t index) {
 
 // Whether the number formatting has made the right-aligned field already.
 inline bool clsObSpecialVar::isPrintedNumber() const noexcept {
-  return typeField_ == TFR_Numeric && (a_.printZero || contentNumeric_ != Currency{});
+  return typeField_ == TFR_Numeric && (a_->printZero || contentNumeric_ != Currency{});
 }
 
 inline bool clsObSpecialVar::mustBeAligned() const noexcept {
-  return a_.length != 0 && !(a_.alignmentType == eAT_Right && isPrintedNumber());
+  return a_->length != 0 && !(a_->alignmentType == eAT_Right && isPrintedNumber());
 }
 
 void clsObSpecialVar::sFormatSpecialVar() try {
@@ -70,7 +70,7 @@ void clsObSpecialVar::sFormatSpecialVar() try {
       sFormatString();
   }
   if (mustBeAligned()) sAlignTextToWrite();
-  if (a_.notSpacesToTheSides || a_.fillWithZero || a_.usingSpecialSeparationString) {
+  if (a_->notSpacesToTheSides || a_->fillWithZero || a_->usingSpecialSeparationString) {
     finishTextToWrite();
   }
 } catch (...) {
@@ -79,15 +79,15 @@ void clsObSpecialVar::sFormatSpecialVar() try {
 
 void clsObSpecialVar::finishTextToWrite() {
   Borrowed<Text> before(scratch_);
-  if (a_.notSpacesToTheSides) {
+  if (a_->notSpacesToTheSides) {
     before->assign(textToWrite_);
     texto()->fTrim(*before, textToWrite_);
   }
-  if (a_.fillWithZero && typeField_ == TFR_Numeric) {
+  if (a_->fillWithZero && typeField_ == TFR_Numeric) {
     before->assign(textToWrite_);
     texto()->fReplaceAll(*before, kBlank, u"0", textToWrite_);
   }
-  if (a_.usingSpecialSeparationString) {
+  if (a_->usingSpecialSeparationString) {
     before->assign(textToWrite_);
     fDoSpecialSeparationString(*before, textToWrite_);
   }
@@ -97,13 +97,13 @@ void clsObSpecialVar::sFormatNumber() try {
   textToWrite_.clear();
   if (!isPrintedNumber()) return;
   const Ref<clsConvert> numbers = convert();
-  if (!a_.printComa) {
+  if (!a_->printComa) {
     writePlainNumber(*numbers);
-  } else if (a_.separatorOfCommasAndDot) {
-    numbers->fFormatNumberCommaDot(contentNumeric_, a_.length, a_.decimalPlaces,
+  } else if (a_->separatorOfCommasAndDot) {
+    numbers->fFormatNumberCommaDot(contentNumeric_, a_->length, a_->decimalPlaces,
                                    parenthesisIfNegative_, textToWrite_);
   } else {
-    numbers->fFormatNumberDotComma(contentNumeric_, a_.length, a_.decimalPlaces,
+    numbers->fFormatNumberDotComma(contentNumeric_, a_->length, a_->decimalPlaces,
                                    parenthesisIfNegative_, textToWrite_);
   }
 } catch (...) {
@@ -113,19 +113,19 @@ void clsObSpecialVar::sFormatNumber() try {
 // Without marks between thousands the decimals are the value's own, or none.
 void clsObSpecialVar::writePlainNumber(clsConvert& numbers) {
   Currency value = contentNumeric_;
-  if (a_.decimalPlaces == 0) {
+  if (a_->decimalPlaces == 0) {
     const Ref<clsUtilMathOperations> math = services_.refInsUtilMathOperations;
     value = math->fRound(value, 0);
   }
   Borrowed<Text> number(scratch_);
   numbers.fNumberToText(Value(value), *number);
-  texto()->fAlignRight(*number, a_.length, textToWrite_);
+  texto()->fAlignRight(*number, a_->length, textToWrite_);
 }
 
 void clsObSpecialVar::sFormatDate() try {
   const Ref<clsUtilDate> service = dates();
-  if (a_.dateFormatWasRead) {
-    const Ref<VariableNames> held = names_;
+  if (a_->dateFormatWasRead) {
+    const Ref<const VariableNames> held(names_);
     service->fFormatDate(contentDate_, held->dateFormat, textToWrite_);
   } else {
     service->fDefaultDateText(contentDate_, textToWrite_);
@@ -135,16 +135,16 @@ void clsObSpecialVar::sFormatDate() try {
 }
 
 void clsObSpecialVar::sFormatString() try {
-  if (a_.length == 0) {
+  if (a_->length == 0) {
     textToWrite_ = contentString_;
-  } else if (a_.repeatCharsUntilFill && contentString_.size() == 1) {
-    texto()->fRepeat(contentString_, a_.length, textToWrite_);
+  } else if (a_->repeatCharsUntilFill && contentString_.size() == 1) {
+    texto()->fRepeat(contentString_, a_->length, textToWrite_);
   } else if (mayBypassTexto()) {
     textToWrite_.clear();
-    textToWrite_.append(contentString_, 0, a_.length);
+    textToWrite_.append(contentString_, 0, a_->length);
     fillUpToLength();
   } else {
-    texto()->fPadOrCut(contentString_, a_.length, kBlank, textToWrite_);
+    texto()->fPadOrCut(contentString_, a_->length, kBlank, textToWrite_);
   }
 } catch (...) {
   trap("sFormatString");
@@ -188,20 +188,20 @@ void clsObSpecialVar::sFormatBool() try {
 // the text service promises, so only in place of one that may be bypassed.
 bool clsObSpecialVar::alignInPlace() {
   Text& text = textToWrite_;
-  const bool isLeft = a_.alignmentType == eAT_Left;
-  if (text.size() == a_.length) {
+  const bool isLeft = a_->alignmentType == eAT_Left;
+  if (text.size() == a_->length) {
     const bool startsBlank = text.front() == kBlank[0];
     const bool endsBlank = text.back() == kBlank[0];
     return isLeft ? endsBlank || !startsBlank : !endsBlank && !startsBlank;
   }
-  if (text.size() > a_.length || !isLeft) return false;
+  if (text.size() > a_->length || !isLeft) return false;
   fillUpToLength();
   return true;
 }
 
 // REQUIRES: the text is no longer.
 void clsObSpecialVar::fillUpToLength() {
-  textToWrite_.append(kBlanks.data(), a_.length - textToWrite_.size());
+  textToWrite_.append(kBlanks.data(), a_->length - textToWrite_.size());
 }
 
 void clsObSpecialVar::sAlignTextToWrite() try {
@@ -215,18 +215,18 @@ void clsObSpecialVar::sAlignTextToWrite() try {
 void clsObSpecialVar::alignThroughService() {
   Borrowed<Text> before(scratch_);
   before->assign(textToWrite_);
-  switch (a_.alignmentType) {
+  switch (a_->alignmentType) {
     case eAT_Right:
-      texto()->fAlignRight(*before, a_.length, textToWrite_);
+      texto()->fAlignRight(*before, a_->length, textToWrite_);
       break;
     case eAT_Left:
-      texto()->fAlignLeft(*before, a_.length, textToWrite_);
+      texto()->fAlignLeft(*before, a_->length, textToWrite_);
       break;
     case eAT_Center:
-      texto()->fAlignCenter(*before, a_.length, textToWrite_);
+      texto()->fAlignCenter(*before, a_->length, textToWrite_);
       break;
     case eAT_Justify:
-      fJustifyStr(*before, a_.length, textToWrite_);
+      fJustifyStr(*before, a_->length, textToWrite_);
       break;
     default:  // a number that a client has set, and that is no alignment
       break;

@@ -66,9 +66,9 @@ void clsObSpecialVar::sExtractFieldAndCharacteristics() try {
       texto.part(rest, 1, open - 1, attribute);
       sReadAttribute(attribute);
       // An IIF that was read takes the argument of a DATEFORMAT after it too.
-      if (a_.valueComesInAttrib) {
+      if (a_->valueComesInAttrib) {
         sExtractIfHasFunction(rest);
-      } else if (a_.dateFormatWasRead) {
+      } else if (a_->dateFormatWasRead) {
         sExtractIfHasDateFormat(rest);
       }
       comma = texto.position(rest, u",");
@@ -112,12 +112,12 @@ void clsObSpecialVar::sExtractIfHasNumberArrayElement(Text& refName) try {
   const TextParts texto;
   const Brackets brackets(texto, refName, u"[", u"]");
   if (brackets.open < 1) return;
-  a_.isFieldOfArray = true;
+  ownAttributes().isFieldOfArray = true;
   Text element;
   brackets.inside(texto, refName, element);
   Text number;
   convert()->fNumberToText(Value(element), number);
-  a_.arrayPosition = convert()->fTextToByte(number);
+  ownAttributes().arrayPosition = convert()->fTextToByte(number);
   texto.after(refName, brackets.close, element);
   sExtractIfHasIndexOfValueInArrayElement(element);
   texto.part(refName, 1, brackets.open - 1);
@@ -129,10 +129,10 @@ void clsObSpecialVar::sExtractIfHasIndexOfValueInArrayElement(Text& refName) try
   const TextParts texto;
   const Brackets brackets(texto, refName, u"[", u"]");
   if (brackets.open < 1) return;
-  a_.fieldOfArrayHasPositionInsideTheArray = true;
+  ownAttributes().fieldOfArrayHasPositionInsideTheArray = true;
   Text index;
   brackets.inside(texto, refName, index);
-  a_.indexOfValueInArray = convert()->fTextToInteger(index);
+  ownAttributes().indexOfValueInArray = convert()->fTextToInteger(index);
 } catch (...) {
   trap("sExtractIfHasIndexOfValueInArrayElement");
 }
@@ -193,15 +193,15 @@ void clsObSpecialVar::fAssignSpacesBeforeAndAfterInConditionalValues(TextView va
       texto.part(rest, 1, bracket, untilBracket);
       const std::uint32_t before = readings_;
       sReadAttribute(untilBracket);
-      if (!a_.conditionalValuesHaveSpaces) {  // for ever, see sExtractIfHasFunction
+      if (!a_->conditionalValuesHaveSpaces) {  // for ever, see sExtractIfHasFunction
         if (readings_ == before) silentTurns = checkedAdd(silentTurns, std::int16_t{1});
         continue;
       }
       texto.keepAfter(rest, bracket - 1);
       sExtractSpacesToLeftAndRigth(rest);
     } else {
-      a_.leftSpaces = 0;
-      a_.rightSpaces = 0;
+      ownAttributes().leftSpaces = 0;
+      ownAttributes().rightSpaces = 0;
     }
     sConcatNextValueWithLeftAndRigthSpacesToDestiny(result, rest);
   }
@@ -211,8 +211,8 @@ void clsObSpecialVar::fAssignSpacesBeforeAndAfterInConditionalValues(TextView va
 
 void clsObSpecialVar::sExtractSpacesToLeftAndRigth(Text& refText) try {
   const TextParts texto;
-  a_.leftSpaces = 0;
-  a_.rightSpaces = 0;
+  ownAttributes().leftSpaces = 0;
+  ownAttributes().rightSpaces = 0;
   const Brackets brackets(texto, refText, u"[", u"]");
   if (brackets.open < 1) return;
   Text written;
@@ -223,13 +223,13 @@ void clsObSpecialVar::sExtractSpacesToLeftAndRigth(Text& refText) try {
   texto->fStrip(withoutBlanks, u"-", inner);
   const std::int32_t comma = texto.position(inner, u",");
   if (comma < 1) {
-    a_.leftSpaces = convert()->fTextToInteger(inner);
+    ownAttributes().leftSpaces = convert()->fTextToInteger(inner);
   } else {
     Text count;
     texto.part(inner, 1, comma - 1, count);
-    a_.leftSpaces = convert()->fTextToInteger(count);
+    ownAttributes().leftSpaces = convert()->fTextToInteger(count);
     texto.after(inner, comma, count);
-    a_.rightSpaces = convert()->fTextToInteger(count);
+    ownAttributes().rightSpaces = convert()->fTextToInteger(count);
   }
   brackets.removeFrom(texto, refText);
 } catch (...) {
@@ -248,9 +248,9 @@ void clsObSpecialVar::sConcatNextValueWithLeftAndRigthSpacesToDestiny(Text& refD
     texto.keepAfter(refValues, comma);
   }
   if (!refDestiny.empty()) refDestiny += u',';
-  addBlanks(texto, a_.leftSpaces, refDestiny);
+  addBlanks(texto, a_->leftSpaces, refDestiny);
   refDestiny += value;
-  addBlanks(texto, a_.rightSpaces, refDestiny);
+  addBlanks(texto, a_->rightSpaces, refDestiny);
   if (comma >= 1) refDestiny += u',';
 } catch (...) {
   trap("sConcatNextValueWithLeftAndRigthSpacesToDestiny");
@@ -278,7 +278,7 @@ void clsObSpecialVar::sReadAttribute(TextView valText) try {
   if (convert()->fIsNumeric(attribute)) {
     readNumber(attribute);
   } else if (attribute.starts_with(kSeparatorPatternStart)) {
-    a_.usingSpecialSeparationString = true;
+    ownAttributes().usingSpecialSeparationString = true;
     Text pattern;
     texto.after(attribute, static_cast<std::int32_t>(kSeparatorPatternStart.size()), pattern);
     ownNames().specialSeparationString = pattern;
@@ -293,19 +293,19 @@ bool clsObSpecialVar::readWord(TextView word) {
   if (word.empty()) return false;
   for (const AttributeWord& known : kAttributeWords) {
     if (word != known.word && word != known.shortWord) continue;
-    known.apply(a_);
+    known.apply(ownAttributes());
     return true;
   }
   return false;
 }
 
 void clsObSpecialVar::readNumber(TextView number) {
-  if (a_.length != 0) {
-    a_.decimalPlaces = convert()->fTextToByte(number);
+  if (a_->length != 0) {
+    ownAttributes().decimalPlaces = convert()->fTextToByte(number);
     return;
   }
-  a_.length = convert()->fTextToByte(number);
-  if (a_.length >= kWidthWithDecimals) a_.decimalPlaces = kDecimalsOfAWidth;
+  ownAttributes().length = convert()->fTextToByte(number);
+  if (a_->length >= kWidthWithDecimals) ownAttributes().decimalPlaces = kDecimalsOfAWidth;
 }
 
 void clsObSpecialVar::reportUnknownAttribute(TextView attribute) {

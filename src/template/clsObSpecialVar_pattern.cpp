@@ -40,7 +40,7 @@ void clsObSpecialVar::fDoSpecialSeparationString(TextView text, Text& result) tr
 void clsObSpecialVar::fGetCharsFromSpecialSeparationString(std::int16_t gap,
                                                            PatternTexts& texts) try {
   const Ref<clsTexto> service = texto();
-  const Ref<VariableNames> held = names_;
+  const Ref<const VariableNames> held(names_);
   service->fSplit(held->specialSeparationString, u"-", texts.elements);
   if (texts.elements.empty()) throw RunTimeError(kSubscriptOutOfRange);
   const Text& element = texts.elements[static_cast<std::size_t>(gap - 1) % texts.elements.size()];

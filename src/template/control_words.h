@@ -15,6 +15,9 @@ namespace tarvo {
 // A line whose first characters but blanks are these is a comment.
 inline constexpr TextView kCommentMark = u"...";
 
+// A comment that says this alone asks for a pause.
+inline constexpr TextView kPauseWord = u"PAUSA";
+
 // A variable whose name begins with it is a constant, or free: it has no record part.
 inline constexpr char16_t kFreeMark = u'@';
 

@@ -21,13 +21,20 @@ bool isComment(TextView line) {
 void LineTranslator::translate(Ref<clsObLineCharacts>& line, TextView templateLine,
                                VariableSource& source) {
   const Ref<clsObLineCharacts> held = line;
-  if (const Ref<TemplateLine> known = lineOf(templateLine); known && !known->isComment()) {
+  if (const Ref<TemplateLine> known = lineOf(templateLine); known) {
+    if (known->isComment()) return takeKnownComment(*held, *known);
     held->beginTranslation(known);
   } else {
     held->SetTextToWrite(templateLine);
     if (takeComment(*held, templateLine)) return;
   }
   resolveVariables(line, source);
+}
+
+void LineTranslator::takeKnownComment(clsObLineCharacts& line, const TemplateLine& comment) {
+  line.SetPrintLine(false);
+  line.SetTextToWrite(comment.comment());
+  if (comment.asksForPause()) line.SetPauseWasRead(true);
 }
 
 bool LineTranslator::takeComment(clsObLineCharacts& line, TextView templateLine) {
@@ -85,7 +92,7 @@ Ref<TemplateLine> LineTranslator::lineOf(TextView text) {
   // A line that comes again mostly comes from the same place.
   Ref<TemplateLine>& recent = recent_[reinterpret_cast<std::uintptr_t>(text.data()) / 16 % kRecent];
   if (!recent || !TextEqual()(recent->text(), text)) recent = findOrMake(text);
-  return recent->isRegular() ? recent : Ref<TemplateLine>();
+  return recent->isRegular() || recent->isComment() ? recent : Ref<TemplateLine>();
 }
 
 Ref<TemplateLine> LineTranslator::findOrMake(TextView text) {

@@ -52,6 +52,7 @@ class LineTranslator {
   void forgetUnlessServicesAreTheSame();
   Ref<TemplateLine> lineOf(TextView text);
   Ref<TemplateLine> findOrMake(TextView text);
+  static void takeKnownComment(clsObLineCharacts& line, const TemplateLine& comment);
   bool takeComment(clsObLineCharacts& line, TextView templateLine);
   void resolveVariables(Ref<clsObLineCharacts>& line, VariableSource& source);
   bool giveLibrarysValue(clsObLineCharacts& line, VariableSource& source);

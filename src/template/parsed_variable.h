@@ -64,11 +64,46 @@ struct IifValues final : Object {
   Value values;  // an array of texts, or whatever a client has put here
 };
 
+// What one text between braces says.  Any number of variables look at it at the same time.
 struct ParsedVariable final : Object {
-  ParsedAttributes attributes;
-  Ref<VariableNames> names;
+  // Of a variable without anything.
+  ParsedVariable() : ParsedVariable({}, make<VariableNames>()) {}
+
+  ParsedVariable(const ParsedAttributes& read, Ref<const VariableNames> theNames)
+      : attributes(read),
+        ofText(aligned(read, eAT_Left)),
+        ofNumber(aligned(read, eAT_Right)),
+        isTextField(isField(ofText) && ofText.alignmentType == eAT_Left &&
+                    !ofText.repeatCharsUntilFill),
+        isNumberField(isField(ofNumber) && ofNumber.alignmentType == eAT_Right &&
+                      ofNumber.printComa && !ofNumber.fillWithZero),
+        names(std::move(theNames)) {}
+
+  const ParsedAttributes attributes;
+
+  // Once the value is a text or a number, which stand left and right unless an alignment is read.
+  const ParsedAttributes ofText;
+  const ParsedAttributes ofNumber;
+
+  // Whether such a value takes exactly the length, whatever it is: a text cut or filled with
+  // blanks, a number as the conversion service makes its field.
+  const bool isTextField;
+  const bool isNumberField;
+
+  const Ref<const VariableNames> names;
   Ref<IifValues> iif;     // empty: none was read, the variable keeps the list that it has
   std::int16_t size = 0;  // characters between the braces
+
+ private:
+  static ParsedAttributes aligned(ParsedAttributes attributes, eAlignmentType usual) noexcept {
+    if (!attributes.alignmentWasRead) attributes.alignmentType = usual;
+    return attributes;
+  }
+  static bool isField(const ParsedAttributes& attributes) noexcept {
+    return attributes.length != 0 && !attributes.notSpacesToTheSides &&
+           !attributes.usingSpecialSeparationString && !attributes.variableToWriteEmpty &&
+           !attributes.variableToApplyCondition;
+  }
 };
 
 }  // namespace tarvo

@@ -12,13 +12,14 @@ class ServicesSeen {
  public:
   // Looks at the present ones: whether they are those of the last look.
   bool areTheSame() {
-    services_ = &modRDPGlobalValues::ofThisThread();
+    if (services_ == nullptr) services_ = &modRDPGlobalValues::ofThisThread();
     if (arePresent()) return true;
     texto_ = services_->refInsTexto;
     convert_ = services_->refInsConvert;
     dates_ = services_->refInsUtilDate;
     math_ = services_->refInsUtilMathOperations;
     mayBypassTexto_ = mayBypass(texto_);
+    putsFields_ = convert_ && convert_->putsFields();
     mayBypassAll_ = mayBypassTexto_ && mayBypass(convert_) && mayBypass(dates_) && mayBypass(math_);
     return false;
   }
@@ -32,6 +33,10 @@ class ServicesSeen {
   // Of the last look.  A service that is missing is missed where it is asked.
   bool mayBypassTexto() const noexcept { return mayBypassTexto_; }
   bool mayBypassAll() const noexcept { return mayBypassAll_; }
+
+  // Of the last look, and not of a present one.  REQUIRES: putsFields().
+  bool putsFields() const noexcept { return putsFields_; }
+  clsConvert& numbers() const noexcept { return *convert_.get(); }
 
  private:
   template <class Service>
@@ -48,6 +53,7 @@ class ServicesSeen {
   Ref<clsUtilMathOperations> math_;
   bool mayBypassTexto_ = false;
   bool mayBypassAll_ = false;
+  bool putsFields_ = false;
 };
 
 }  // namespace tarvo

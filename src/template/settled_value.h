@@ -13,13 +13,24 @@
 namespace tarvo {
 
 struct SettledValue {
+  enum class Form : std::uint8_t {
+    kUnknown,
+    kText,         // what formatting has made of all that stands here
+    kTextField,    // a text, cut or filled with blanks to its length: `fieldSize` characters of it
+    kNumberField,  // a number in the field that the template asks for
+    kDueNumberField,  // the same, but its place in the image has still to be written
+  };
+
   ParsedAttributes attributes;  // as the client left them
   eTypeFieldRecord kind = TFR_String;
-  bool isKnown = false;
+  Form form = Form::kUnknown;
   bool parenthesisIfNegative = false;
+  std::uint8_t fieldSize = 0;
   Currency number;
   Date date;
   Text text;
+
+  bool isKnownText() const noexcept { return form == Form::kText; }
 };
 
 // Compared as bytes.

@@ -17,6 +17,7 @@
 #include "template/parsed_variable.h"
 #include "template/services_seen.h"
 #include "template/settled_value.h"
+#include "template/text_key.h"
 
 namespace tarvo {
 
@@ -38,7 +39,7 @@ class TemplateLine final : public Object {
     SettledValue value{};
 
     // Whether the library has its value itself.
-    bool isLibrarys() const noexcept { return isConstant || control != Control::kNone; }
+    bool isLibrarys = false;
 
     std::size_t end() const noexcept { return open + size + 2; }
   };
@@ -59,12 +60,16 @@ class TemplateLine final : public Object {
   // Whether its first characters but blanks are "...".
   bool isComment() const noexcept { return isComment_; }
 
+  // What a comment says: the text without its full stops; and whether that is the pause word.
+  const Text& comment() const noexcept { return comment_; }
+  bool asksForPause() const noexcept { return asksForPause_; }
+
   // Whether every "{" has its "}" before the next one, and no "}" stands alone.
   bool isRegular() const noexcept { return isRegular_; }
 
   // In their order.  REQUIRES: a regular line.
   Variable* variables() noexcept { return variables_.data(); }
-  const Variable* variablesEnd() const noexcept { return variables_.data() + variables_.size(); }
+  const Variable* variablesEnd() const noexcept { return variablesEnd_; }
 
   // The line that is translated by it now; null when there is none.
   const clsObLineCharacts* reader() const noexcept { return reader_; }
@@ -73,8 +78,11 @@ class TemplateLine final : public Object {
   void beginReading(const clsObLineCharacts* reader) noexcept;
   void endReading() noexcept { reader_ = nullptr; }
 
-  // Valid up to where the reader is; behind that when it is whole.
-  const Text& image() const noexcept { return image_; }
+  // Valid up to that variable, which is the first one that is not settled.
+  const Text& imageUpTo(const Variable* variable) {
+    if (hasDueFields_) writeDueFields(variable);
+    return image_;
+  }
 
   // Between the values: the line's own text from `begin` to `end` stands at `at`.
   void putText(std::size_t at, std::size_t begin, std::size_t end);
@@ -82,18 +90,65 @@ class TemplateLine final : public Object {
   // A variable's value stands at `at`, in place of the one of last time.
   void putValue(Variable& variable, std::size_t at, TextView value);
 
+  // --- The same for a value that takes exactly its variable's length.  False: its place in the
+  // --- image is another one, or the value is more than a field; nothing has happened.
+  // --- REQUIRES: kept values, and a variable that was read.
+
+  // A text to the left.
+  bool takesTextField(Variable& variable, std::size_t at, TextView text);
+
+  // A number; it is written when somebody looks at the image.
+  bool takesNumberField(Variable& variable, Currency number, bool parenthesisIfNegative);
+
  private:
   void findVariables();
+  void readComment();
+  void writeDueFields(const Variable* end);
+  bool putTextField(Variable& variable, std::size_t at, TextView text);
 
   Text text_;
   ServicesSeen services_;
   std::vector<Variable> variables_;
+  const Variable* variablesEnd_ = nullptr;
   Text image_;
   bool imageIsWhole_ = false;  // every variable has a value in it
   bool hasKeptValues_ = false;
+  bool hasDueFields_ = false;
   const clsObLineCharacts* reader_ = nullptr;
+  Text comment_;
   bool isComment_;
+  bool asksForPause_ = false;
   bool isRegular_ = true;
 };
+
+inline bool TemplateLine::takesNumberField(Variable& variable, Currency number,
+                                           bool parenthesisIfNegative) {
+  using Form = SettledValue::Form;
+  if (variable.valueSize != variable.parsed->ofNumber.length || !services_.putsFields()) {
+    return false;
+  }
+  SettledValue& value = variable.value;
+  const bool isField = value.form == Form::kNumberField || value.form == Form::kDueNumberField;
+  if (isField && value.number == number && value.parenthesisIfNegative == parenthesisIfNegative) {
+    return true;
+  }
+  value.form = Form::kDueNumberField;
+  value.number = number;
+  value.parenthesisIfNegative = parenthesisIfNegative;
+  hasDueFields_ = true;
+  return true;
+}
+
+inline bool TemplateLine::takesTextField(Variable& variable, std::size_t at, TextView text) {
+  const std::size_t length = variable.parsed->ofText.length;
+  if (variable.valueSize != length) return false;
+  if (text.size() > length) text = text.substr(0, length);
+  const SettledValue& value = variable.value;
+  if (value.form == SettledValue::Form::kTextField && value.fieldSize == text.size() &&
+      TextEqual()(text, {image_.data() + at, text.size()})) {
+    return true;
+  }
+  return putTextField(variable, at, text);
+}
 
 }  // namespace tarvo

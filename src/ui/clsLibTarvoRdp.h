@@ -2,8 +2,10 @@
 // fixed width.
 //
 // A short text is an array of the text's lines.  A template prints it on a repeated line, one
-// segment of words per pass; the client calls fExtractShortText for it, and what is kept between
-// two passes lives in the special variable (template/clsObSpecialVar.h), not here.
+// segment of words per pass; the client calls fExtractShortText for it.  The reports clear the
+// special variable before every pass, so the client itself keeps the segment's number: it sets
+// ArrayPosition, sets EndOfRepeatPrintLine to False, calls fExtractShortText, and begins with 1
+// again when GetEndOfRepeatPrintLine has become True.
 //
 // Counts are 16-bit: leaving them is error 6.
 //

@@ -44,7 +44,8 @@ Date localTime() {
 }
 
 bool fileExists(TextView path) {
-  const std::string name = toUtf8(path);
+  thread_local std::string name;  // kept: a report asks for its template again and again
+  toUtf8(path, name);
   if (name.find('\0') != std::string::npos) return false;
   struct stat status {};
   return stat(name.c_str(), &status) == 0 && !S_ISDIR(status.st_mode);

@@ -43,10 +43,13 @@ class FileStream final : public TextStream {
   bool isOpen() const noexcept { return file_ >= 0; }
 
   void open(TextView path) {
-    path_ = path;
-    const std::string name = toUtf8(path);
-    if (name.find('\0') != std::string::npos) throw RunTimeError(kFileNotFound, path);
-    file_ = ::open(name.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY);
+    if (path != path_ || name_.empty()) {
+      name_.clear();
+      path_ = path;
+      toUtf8(path, name_);
+    }
+    if (name_.find('\0') != std::string::npos) throw RunTimeError(kFileNotFound, path);
+    file_ = ::open(name_.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY);
     if (file_ < 0) fail(path);
     refill();
   }
@@ -84,7 +87,8 @@ class FileStream final : public TextStream {
 
   // A line that goes on behind the block, or is the file's last and has no end.
   void readLongLine(Text& line) {
-    std::string bytes;
+    std::string& bytes = longLine_;
+    bytes.clear();
     for (;;) {
       const char* lineEnd = findLineEnd();
       const char* partBegin = block_.data() + begin_;
@@ -124,6 +128,8 @@ class FileStream final : public TextStream {
   std::size_t begin_ = 0;
   std::size_t end_ = 0;
   Text path_;
+  std::string name_;  // of the path, for the system
+  std::string longLine_;
   std::array<char, kBlockSize> block_;
 };
 
