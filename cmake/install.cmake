@@ -3,6 +3,7 @@
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
+set(CMAKE_INSTALL_DOCDIR ${CMAKE_INSTALL_DATADIR}/doc/tarvordp)
 set(_package LibTarvoRdpCI)
 set(_headers ${CMAKE_INSTALL_INCLUDEDIR}/${_package})
 set(_cmake_folder ${CMAKE_INSTALL_LIBDIR}/cmake/${_package})
@@ -47,8 +48,8 @@ set(CPACK_PACKAGE_CONTACT "The LibTarvoRdpCI developers <tarvordp@localhost>")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "reports on line printers from text templates")
 set(CPACK_PACKAGE_DESCRIPTION
 "The workbench prints reports from a template and a job file, shows printed bytes as pages, and
- finds mistakes in templates before they are printed. The library does the same inside C++
- programs, through CUPS or into a file.")
+finds mistakes in templates before they are printed. The library does the same inside C++
+programs, through CUPS or into a file.")
 set(CPACK_GENERATOR DEB)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION text)

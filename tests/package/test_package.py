@@ -17,6 +17,9 @@ import zipfile
 
 PROJECT = pathlib.Path(__file__).resolve().parents[2]
 HERE = pathlib.Path(__file__).resolve().parent
+sys.path.insert(0, str(PROJECT / "tests/windows/scripts"))
+import script_test  # pylint: disable=wrong-import-position
+
 SKIPPED = 77
 SERVERS = ("LibTarvoRdpCI_2402", "LibTarvoCI_2402")
 
@@ -117,24 +120,33 @@ def windows_path(path):
 
 
 def script_client(packages, bits):
-    """A script that prints, when the package's own script has registered the servers; and that
-    finds none any more when they are unregistered."""
+    """The package's own sample prints when its own script has registered the servers, and finds
+    none any more when they are unregistered."""
     root = packages.unzipped()
-    # The equipment's Windows has one bitness alone, so the other's folder is not reached.
-    probe = packages.folder / "probe.vbs"
-    probe.write_text('On Error Resume Next\r\n'
-                     'Set made = CreateObject("LibTarvoRdpCI.clsUtilImp")\r\n'
-                     'If Err.Number = 0 Then WScript.Quit 42\r\n'
-                     'WScript.Quit 43\r\n', "ascii")
+    jobs = packages.folder / "jobs"
     wine = [PROJECT / "tests/equipment/wine/run.sh", str(bits), "--visible", packages.folder]
 
     def command(name):
         return f"wine cmd /c {shlex.quote(windows_path(root / name))}"
 
-    run(*wine, "--success", "42", "--before", command("register.cmd"), "--", "cscript", "//nologo",
-        windows_path(probe))
+    sample = ["cscript", "//nologo", windows_path(root / "samples/vbscript/invoice.vbs"),
+              "TarvoRaw", windows_path(root / "samples/templates")]
+    run(*wine, "--dir", jobs, "--before", command("register.cmd"), "--", *sample)
+    expect_printed_invoice((jobs / "job-1.prn").read_bytes())
+    probe = packages.folder / "probe.vbs"
+    probe.write_text('On Error Resume Next\r\n'
+                     'Set made = CreateObject("LibTarvoRdpCI.clsUtilImp")\r\n'
+                     'If Err.Number = 0 Then WScript.Quit 42\r\n'
+                     'WScript.Quit 43\r\n', "ascii")
     run(*wine, "--success", "43", "--before", command("register.cmd"), "--before",
         command("unregister.cmd"), "--", "cscript", "//nologo", windows_path(probe))
+
+
+def expect_printed_invoice(data):
+    try:
+        script_test.expect_golden("samples/golden/printed.txt", "the invoice", data)
+    except script_test.Failure as failure:
+        raise Failure(str(failure)) from failure
 
 
 # --- The Debian package.
@@ -174,19 +186,16 @@ def workbench_prints(packages):
     expect_equal("the version", "tarvordp 1.0.0\n", run(program, "--version"))
 
 
-def check_client(packages, client):
-    printed = packages.folder / "printed.prn"
-    run(client, printed)
-    expect_equal("the printed bytes", b"A\xa4o nuevo\r\nfin\r\n", printed.read_bytes())
-
-
 def library_by_cmake(packages):
-    root = packages.installed()
-    build = packages.folder / "client"
-    run("cmake", "-S", HERE / "client", "-B", build, "-G", "Ninja",
-        f"-DCMAKE_PREFIX_PATH={root}/usr")
+    """The installed sample, built against the installed library."""
+    samples = packages.installed() / "usr/share/doc/tarvordp/samples"
+    build = packages.folder / "invoice"
+    run("cmake", "-S", samples / "cpp-native", "-B", build, "-G", "Ninja",
+        f"-DCMAKE_PREFIX_PATH={packages.folder}/root/usr")
     run("cmake", "--build", build)
-    check_client(packages, build / "client")
+    printed = packages.folder / "printed.prn"
+    run(build / "invoice", f"file:{printed}", samples / "templates")
+    expect_printed_invoice(printed.read_bytes())
 
 
 def library_by_pkg_config(packages):
@@ -197,7 +206,9 @@ def library_by_pkg_config(packages):
                 "tarvordpci", env=environment).split()
     client = packages.folder / "client"
     run("g++", HERE / "client/main.cpp", "-o", client, *flags)
-    check_client(packages, client)
+    printed = packages.folder / "printed.prn"
+    run(client, printed)
+    expect_equal("the printed bytes", b"A\xa4o nuevo\r\n  fin\r\n", printed.read_bytes())
 
 
 def manual_and_completion(packages):

@@ -1,6 +1,7 @@
 // The reports of the server as a compiled client has them: through the tables of functions, with a
 // client object that has nothing else either.
 #include <fstream>
+#include <functional>
 
 #include "both_sides.h"
 #include "early_bound_answers.h"
@@ -10,6 +11,7 @@
 #include "record_set.h"
 #include "reports/clsObRepMasterDetail_members.h"
 #include "reports/clsObRepPlanilla_members.h"
+#include "script_host.h"
 
 namespace tarvo::com {
 namespace {
@@ -114,6 +116,188 @@ TEST_F(ReportsOfServer, EndABreakThatLeadsToItselfWithError28) {
   ASSERT_EQ(S_OK, init(1));
   EXPECT_EQ(kOutOfStack, report_->sPrintReport());
   EXPECT_THAT(client::takeErrorText(), testing::HasSubstr("clsObRepMasterDetail.sPrintPageHeader"));
+}
+
+// --- Page breaks and reports that lead to themselves, on the stack of a program whose maker asked
+// --- for none: the client gets error 28 and goes on.
+
+constexpr SIZE_T kSmallStack = SIZE_T{1} << 20;
+
+// Of the present thread, used or not.
+SIZE_T stackSize() {
+  MEMORY_BASIC_INFORMATION stack{};
+  VirtualQuery(&stack, &stack, sizeof stack);
+  const auto* thread = reinterpret_cast<const NT_TIB*>(NtCurrentTeb());
+  return static_cast<SIZE_T>(static_cast<const char*>(thread->StackBase) -
+                             static_cast<const char*>(stack.AllocationBase));
+}
+
+DWORD WINAPI runAction(void* action) {
+  (*static_cast<const std::function<void()>*>(action))();
+  return 0;
+}
+
+// The action in a thread of its own.
+void onSmallStack(std::function<void()> action) {
+  constexpr SIZE_T kMostRoundedUp = SIZE_T{64} << 10;
+  std::function<void()> measured = [&action] {
+    ASSERT_LE(stackSize(), kSmallStack + kMostRoundedUp);
+    ASSERT_EQ(S_OK, CoInitialize(nullptr));
+    action();
+    CoUninitialize();
+  };
+  const HANDLE thread = CreateThread(nullptr, kSmallStack, runAction, &measured,
+                                     STACK_SIZE_PARAM_IS_A_RESERVATION, nullptr);
+  ASSERT_NE(nullptr, thread);
+  EXPECT_EQ(WAIT_OBJECT_0, WaitForSingleObject(thread, INFINITE));
+  CloseHandle(thread);
+}
+
+// A report of the present thread, with the services and the printer, which are the thread's too.
+class ReportOfThread {
+ public:
+  explicit ReportOfThread(const test::TemporaryFolder& folder) : folder_(folder) {
+    printer_->SetCanPrintInTextMode(VARIANT_TRUE);
+    printer_->SetChrFormFeed(Bstr(u"\f").get());
+    const auto startUp = client::createStartUp();
+    _clsUtilImp* printer = printer_.get();
+    _clsUtReport* utility = services_.utReport.get();
+    EXPECT_EQ(S_OK, services_.handOver(startUp.get()));
+    EXPECT_EQ(S_OK, startUp->sInitializePrintLibrary(&printer, &utility));
+  }
+  ReportOfThread(const ReportOfThread&) = delete;
+  ReportOfThread& operator=(const ReportOfThread&) = delete;
+  ~ReportOfThread() { client::handOverNothing(); }
+
+  _clsObRepMasterDetail* operator->() const { return report_.get(); }
+  IUnknown* object() const { return report_.get(); }
+
+  // The template, in a file of its own, on pages of the first length: that of a template stays with
+  // the printer.
+  void use(const char* typed) {
+    folder_.write(u"HILO.ID", typed);
+    printed_ = u"hilo" + fromAscii(std::to_string(++files_)) + u".prn";
+    printer_->SetPrinterName(Bstr(u"file:" + folder_.pathOf(printed_)).get());
+    printer_->SetMaxLinPage(60);
+  }
+
+  // Prints the template for the client.
+  HRESULT print(_clsImplementIDMD* answers, const char* typed, BYTE topMarginLines) {
+    use(typed);
+    EXPECT_EQ(S_OK, report_->sInit(&answers, Bstr(u"Hilo").get(), Bstr(u"").get(), Bstr(u"").get(),
+                                   Bstr(u"HILO").get(), Bstr(folder_.pathOf(u"")).get(), 1));
+    EXPECT_EQ(S_OK, report_->SetTopMarginLines(topMarginLines));
+    return report_->sPrintReport();
+  }
+
+  std::string printed() const { return folder_.contentOf(printed_); }
+
+ private:
+  const test::TemporaryFolder& folder_;
+  client::Services services_ = client::Services::fromCompanion();
+  ComPtr<_clsUtilImp> printer_ = client::createPrinter();
+  ComPtr<_clsObRepMasterDetail> report_ =
+      client::create<_clsObRepMasterDetail>(client::library(), CLSID_clsObRepMasterDetail);
+  Text printed_;
+  int files_ = 0;
+};
+
+struct EndlessReport {
+  const char* shows;
+  const char* typed;
+  BYTE topMarginLines;
+};
+
+constexpr EndlessReport kEndlessReports[] = {
+    {"the word in the header", "{A}{SALTAPAGINA}\r\n{CUERPO=2}\r\n{FINCUERPO}\r\n", 0},
+    {"the word in a header that repeats",
+     "{SALTAPAGINA}{REPEAT}{A}\r\n{CUERPO=2}\r\n{FINCUERPO}\r\n", 0},
+    {"a margin as long as its page", "...NMAXLINPAGINA=2\r\n{A}\r\n{CUERPO=2}\r\n{FINCUERPO}\r\n",
+     2},
+    {"a margin longer than its page", "...NMAXLINPAGINA=2\r\n{A}\r\n{CUERPO=2}\r\n{FINCUERPO}\r\n",
+     255},
+    {"the word under a margin", "{A}\r\n{CUERPO=5}\r\n{SALTAPAGINA}x\r\n{FINCUERPO}\r\n", 1},
+};
+
+constexpr const char* kPlain = "{A}\r\n{CUERPO=2}\r\n{A}\r\n{FINCUERPO}\r\n";
+
+TEST_F(ReportsOfServer, EndBreaksThatLeadToThemselvesOnASmallStack) {
+  onSmallStack([this] {
+    ReportOfThread report(folder_);
+    for (const EndlessReport& row : kEndlessReports) {
+      EXPECT_EQ(kOutOfStack, report.print(&answers_, row.typed, row.topMarginLines)) << row.shows;
+      EXPECT_THAT(client::takeErrorText(),
+                  testing::HasSubstr("clsObRepMasterDetail.sPrintPageHeader"))
+          << row.shows;
+      EXPECT_EQ(S_OK, report.print(&answers_, kPlain, 0)) << "after " << row.shows;
+      EXPECT_EQ("13\r\n13\r\n\r\n\f", report.printed()) << row.shows;
+    }
+  });
+}
+
+constexpr TextView kScriptClient =
+    uR"(
+Class Client
+  Public again
+
+  Public Function fTranslateSpecialVarMD(refLineToWrite, valMontoSubTotal)
+    refLineToWrite.GetSpecialVar.SetContentString "guion"
+    fTranslateSpecialVarMD = True
+  End Function
+  Public Sub sDisplayPauseDialog
+  End Sub
+  Public Function fReadFirstRecord
+    If again Then informe.sPrintReport
+    fReadFirstRecord = True
+  End Function
+  Public Function fReadNextRecord
+    fReadNextRecord = False
+  End Function
+  Public Sub sAccumSubTotal(refMontoSubTotal)
+  End Sub
+  Public Function fCanExecuteWriteReport(refMustShowErrorMsg, refErrorMsgToDisplay)
+    fCanExecuteWriteReport = True
+  End Function
+  Public Function fDetailRecordCount
+    fDetailRecordCount = 1
+  End Function
+End Class
+Dim answers, number
+Set answers = New Client
+)";
+
+// The script prints; "0", or the number of the error that it gets.
+std::string printByScript(ScriptHost& host) {
+  EXPECT_EQ("", host.run(u"On Error Resume Next\nErr.Clear\ninforme.sPrintReport\n"
+                         u"number = CStr(Err.Number)\nErr.Clear"));
+  return host.text(L"number");
+}
+
+TEST_F(ReportsOfServer, EndBreaksThatLeadToThemselvesForAScriptOnASmallStack) {
+  onSmallStack([this] {
+    ReportOfThread report(folder_);
+    ScriptHost host(L"VBScript");
+    ASSERT_TRUE(host.isThere());
+    host.add(L"informe", report.object());
+    ASSERT_EQ("", host.run(kScriptClient));
+    const Text begin = u"informe.sInit answers, \"Hilo\", \"\", \"\", \"HILO\", \"" +
+                       folder_.pathOf(u"") + u"\", 1\ninforme.SetTopMarginLines ";
+    const auto print = [&](const char* typed, int topMarginLines) {
+      report.use(typed);
+      EXPECT_EQ("", host.run(begin + fromAscii(std::to_string(topMarginLines))));
+      return printByScript(host);
+    };
+    for (const EndlessReport& row : kEndlessReports) {
+      EXPECT_EQ("28", print(row.typed, row.topMarginLines)) << row.shows;
+      EXPECT_EQ("0", print(kPlain, 0)) << "after " << row.shows;
+      EXPECT_EQ("guion\r\nguion\r\n\r\n\f", report.printed()) << row.shows;
+    }
+    ASSERT_EQ("", host.run(u"answers.again = True"));
+    EXPECT_EQ("28", print(kPlain, 0)) << "a report that prints itself";
+    ASSERT_EQ("", host.run(u"answers.again = False"));
+    EXPECT_EQ("0", print(kPlain, 0));
+    ASSERT_EQ("", host.run(u"informe.sInit Nothing, \"\", \"\", \"\", \"\", \"\", 1"));
+  });
 }
 
 template <class Own, class Server>

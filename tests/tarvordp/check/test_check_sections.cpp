@@ -113,7 +113,11 @@ constexpr CheckCase kCases[] = {
      "{CUERPO=1}\n{A}\n{B,VACIO}\n{FINCUERPO}\n", ""},
     {"an insert body larger than the body",
      "{CUERPO=1}\n{A}\n{UNINSERTOCUERPO}\n{B}\n{C}\n{FINCUERPO}\n",
-     "T:3:1: warning: the insert body takes 2 lines, {CUERPO=n} has room for 1: it is split over "
+     "T:3:1: warning: the insert body takes 2 lines, {CUERPO=n} has room for 1: the footer moves "
+     "down a line\n"},
+    {"an insert body much larger than the body",
+     "{CUERPO=1}\n{A}\n{UNINSERTOCUERPO}\n{B}\n{C}\n{D}\n{FINCUERPO}\n",
+     "T:3:1: warning: the insert body takes 3 lines, {CUERPO=n} has room for 1: it is split over "
      "pages\n"},
     {"a header that is not as high on every page", "a\n{B,CONDICION}\n{CUERPO=1}\n{FINCUERPO}\n",
      "T:2:1: warning: a condition may suppress this line: every page's header must be as high as "
@@ -124,6 +128,21 @@ constexpr CheckCase kCases[] = {
      "T:1:1: error: SALTAPAGINA in the page header never ends: the new page prints the header "
      "again (run-time error 28)\n"},
     {"a page break elsewhere does with a margin", "{CUERPO=1}\n{FINCUERPO}\n{SALTAPAGINA}a\n",
+     "T:3:1: note: with a top margin of lines (SetTopMarginLines) SALTAPAGINA never ends "
+     "(run-time error 28)\n"},
+    {"a page break of the last body line without a header",
+     "{CUERPO=3}\n{SALTAPAGINA}{A}\n{FINCUERPO}\n",
+     "T:2:1: warning: without a header line to end it, this break repeats for every empty line "
+     "behind the records\n"
+     "T:2:1: note: with a top margin of lines (SetTopMarginLines) SALTAPAGINA never ends "
+     "(run-time error 28)\n"},
+    {"a page break of a body line before others",
+     "{CUERPO=3}\n{SALTAPAGINA}{A}\n{B}\n{FINCUERPO}\n",
+     "T:2:1: note: with a top margin of lines (SetTopMarginLines) SALTAPAGINA never ends "
+     "(run-time error 28)\n"},
+    {"a page break whose header takes its skips",
+     "a\n{CUERPO=3}\n{SALTAPAGINA}{SNL,2}\n{FINCUERPO}\n",
+     "T:3:1: warning: the header of the new page takes away this line's further lines: 2 lines\n"
      "T:3:1: note: with a top margin of lines (SetTopMarginLines) SALTAPAGINA never ends "
      "(run-time error 28)\n"},
     {"a repetition that nobody ends", "{CUERPO=1}\n{TEXTO}{REPEAT}\n{FINCUERPO}\n",

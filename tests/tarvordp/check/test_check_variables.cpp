@@ -110,6 +110,10 @@ constexpr CheckCase kCases[] = {
     {"an argument of another word behind DATEFORMAT", "{F,DF(dd),CENTRO(x)}\n",
      "T:1:17: error: CENTRO has no argument: this one is read as the date's format\n"},
 
+    {"an argument of another word behind DATEFORMAT without its own", "{F,DF,CENTRO(x)}\n",
+     "T:1:4: error: DF without its format prints nothing: DF(dd/mm/yyyy)\n"
+     "T:1:13: error: CENTRO has no argument: this one is read as the date's format\n"},
+
     // Numbers.
     {"the greatest width", "{F,255,4}\n",
      "T:1:1: error: the line has more than 254 characters: each time it is printed a warning is "

@@ -96,7 +96,7 @@ class AttributeRules {
     } else if (attribute.argument->text.empty()) {
       error(attribute.at, word + " with an empty format prints nothing");
     }
-    hasDateFormat_ = hasDateFormat_ || attribute.argument;
+    hasDateFormat_ = true;
   }
 
   void checkNeedlessArgument(const WrittenAttribute& attribute) {

@@ -90,15 +90,34 @@ class ControlRules {
                        "header again (run-time error 28)");
       return;
     }
-    if (flags_.lines > 1) {
-      findings().warning(placeOf(word), "the page is broken before each of the line's " +
-                                            std::to_string(flags_.lines) + " lines");
+    if (flags_.lines > 1) tellSkips(word);
+    if (section_ == Section::kBody && isLastOfBody() && !hasHeader()) {
+      findings().warning(placeOf(word),
+                         "without a header line to end it, this break repeats for every empty "
+                         "line behind the records");
     }
     if (!isForm()) {
       findings().note(placeOf(word),
                       "with a top margin of lines (SetTopMarginLines) SALTAPAGINA never ends "
                       "(run-time error 28)");
     }
+  }
+
+  // The line's skips are those of the header that is printed before it, where there is one.
+  void tellSkips(const WrittenVariable& word) {
+    const std::string lines = std::to_string(flags_.lines) + " lines";
+    const char* const what =
+        hasHeader() ? "the header of the new page takes away this line's further lines: "
+                    : "the page is broken before each of the line's ";
+    findings().warning(placeOf(word), what + lines);
+  }
+
+  bool hasHeader() const { return context_.of.lines.front().section == Section::kHeader; }
+
+  // What follows a line of the body is a marker.
+  bool isLastOfBody() const {
+    return line_.number < context_.of.lines.size() &&
+           context_.of.lines[line_.number].section != Section::kBody;
   }
 
   RuleContext& context_;

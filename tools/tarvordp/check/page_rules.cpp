@@ -97,12 +97,16 @@ class MasterDetailRules {
     }
   }
 
-  void tellLarge(std::size_t lines, const TemplateLine& at, const std::string& what, bool isSplit) {
+  void tellLarge(std::size_t lines, const TemplateLine& at, const std::string& what,
+                 bool isInsert) {
     if (lines <= bodyLines()) return;
     std::string message =
         what + counted(lines, "line") + ", {CUERPO=n} has room for " + std::to_string(bodyLines());
-    if (isSplit) {
-      context_.findings.warning({at.line.number, 1}, message + ": it is split over pages");
+    if (isInsert) {
+      // The page is broken only when the area is more than full.
+      const bool isSplit = lines > bodyLines() + 1;
+      message += isSplit ? ": it is split over pages" : ": the footer moves down a line";
+      context_.findings.warning({at.line.number, 1}, message);
     } else {
       context_.findings.error({at.line.number, 1}, message);
     }

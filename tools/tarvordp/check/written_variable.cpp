@@ -108,10 +108,11 @@ class Reader {
       variable().sReadAttribute(written);
       attribute.isKnown = services_.messages() == before;
       if (!attribute.isKnown) reportUnknown(attribute, rest, size);
+      isDate_ = isDate_ || attribute.word == u"DATEFORMAT" || attribute.word == u"DF";
       hasQlr_ = hasQlr_ || attribute.word == u"QLR";
     } catch (const RunTimeError& error) {
       fail(attribute.at, quoted(attribute.word) +
-                             " is out of range, widths and decimals are 0 to " + "255 (" +
+                             " is out of range, widths and decimals are 0 to 255 (" +
                              errorName(error) + ")");
     }
     result_.attributes.push_back(std::move(attribute));
@@ -155,7 +156,6 @@ class Reader {
       argument.close = rest.place(close);
       argument.text = rest.text().substr(open + 1, close - open - 1);
     }
-    isDate_ = isDate_ || attribute.word == u"DATEFORMAT" || attribute.word == u"DF";
     attribute.argument = argument;
     if (variable().GetValueComesInAttrib()) return readFunction(rest, open, close, isClosed);
     if (isDate_) {
