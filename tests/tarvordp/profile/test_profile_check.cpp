@@ -94,7 +94,7 @@ constexpr CheckCase kCases[] = {
      "warning: ChrGraphics has the byte E1, which leaves as A0: the channel replaces á é í ó ú ñ Ñ "
      "º in codes too.\n"},
     {"another maker's code", R"({"ChrInitUnderlying": "\u001bC"})",
-     "warning: ChrFont10Points is a code of Epson printers, ChrInitUnderlying one of OKI Microline "
+     "warning: ChrReset is a code of Epson printers, ChrInitUnderlying one of OKI Microline "
      "printers: no printer speaks both at once.\n"},
     {"an initial string made of other codes", R"({"ChrInitialString1": "\u001b@\u001b2\u001bC!"})",
      ""},

@@ -6,6 +6,7 @@
 #include "equipment/golden.h"
 #include "equipment/temporary_folder.h"
 #include "frame/modRDPGlobalValues.h"
+#include "printer/clsUtilImp.h"
 #include "tarvordp/profile/profile.h"
 #include "tarvordp/view/command_run.h"
 
@@ -19,8 +20,6 @@ using testing::HasSubstr;
 
 class TestPage : public testing::Test {
  protected:
-  ~TestPage() override { tarvo::modRDPGlobalValues::ofThisThread() = tarvo::modRDPGlobalValues(); }
-
   CommandRun print(std::vector<std::string> arguments) {
     arguments.insert(arguments.begin(), "testpage");
     return runCommand(&addTestPageCommand, arguments);
@@ -69,8 +68,17 @@ TEST_F(TestPage, AnUnknownPrinterIsTold) {
 
 TEST_F(TestPage, AFullDiskIsTold) {
   const CommandRun run = print({"--profile", "plain", "--printer", "file:/dev/full"});
-  EXPECT_EQ(run.status, kNotPrinted);
-  EXPECT_THAT(run.err, HasSubstr("file:/dev/full: not everything was printed: No space left"));
+  EXPECT_EQ(run.status, kRunTimeError);
+  EXPECT_EQ(
+      run.err,
+      "tarvordp: file:/dev/full: the test page did not arrive whole: No space left on device\n"
+      "tarvordp: /dev/full is not whole\n");
+}
+
+TEST_F(TestPage, LeavesTheThreadsServicesAsTheyWere) {
+  EXPECT_EQ(print({"--profile", "plain", "--printer", file()}).status, kDone);
+  EXPECT_FALSE(tarvo::modRDPGlobalValues::ofThisThread().refInsMessage);
+  EXPECT_FALSE(tarvo::modRDPGlobalValues::ofThisThread().refInsImp);
 }
 
 TEST_F(TestPage, NeedsAProfile) {

@@ -1,4 +1,4 @@
-include(GNUInstallDirs)
+# The profiles' files are installed for copying (cmake/install.cmake); the program needs none of them.
 set(_profiles epson-9pin epson-24pin ibm-proprinter oki-microline plain)
 set(_profile_folder ${CMAKE_CURRENT_LIST_DIR}/../profiles)
 list(TRANSFORM _profiles REPLACE "(.+)" "${_profile_folder}/\\1.json" OUTPUT_VARIABLE _profile_files)
@@ -19,6 +19,3 @@ target_sources(tarvordp_parts PRIVATE
   ${CMAKE_CURRENT_LIST_DIR}/profile_check.cpp
   ${CMAKE_CURRENT_LIST_DIR}/profiles_command.cpp
   ${CMAKE_CURRENT_LIST_DIR}/test_page.cpp)
-
-# To copy from; the program itself needs none of them.
-install(FILES ${_profile_files} DESTINATION ${CMAKE_INSTALL_DATADIR}/tarvordp/profiles)

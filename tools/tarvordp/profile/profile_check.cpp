@@ -213,8 +213,8 @@ std::vector<ProfileRemark> checkProfile(const Profile& profile) {
   checkBeginnings(profile, remarks);
   checkBytes(profile, remarks);
   checkLanguages(profile, remarks);
-  std::ranges::stable_partition(
-      remarks, [](const ProfileRemark& remark) { return remark.kind == Kind::warning; });
+  std::stable_partition(remarks.begin(), remarks.end(),
+                        [](const ProfileRemark& remark) { return remark.kind == Kind::warning; });
   return remarks;
 }
 

@@ -75,7 +75,8 @@ void showTable(std::ostream& out, const std::vector<Row>& rows) {
 
 void showRemarks(std::ostream& out, const Profile& profile) {
   const std::vector<ProfileRemark> remarks = checkProfile(profile);
-  if (remarks.empty()) out << "Nothing is missing, and no two codes are the same.\n";
+  if (remarks.empty())
+    out << "Every mode can be switched off again, and no two codes are the same.\n";
   for (const ProfileRemark& remark : remarks) {
     const bool isWarning = remark.kind == ProfileRemark::Kind::warning;
     out << (isWarning ? "warning: " : "note: ") << remark.text << '\n';

@@ -1,5 +1,5 @@
 find_package(PkgConfig REQUIRED)
-pkg_check_modules(Cairo REQUIRED IMPORTED_TARGET cairo-pdf cairo-png)
+pkg_check_modules(Cairo REQUIRED IMPORTED_TARGET cairo-pdf cairo-png fontconfig)
 target_link_libraries(tarvordp_parts PUBLIC PkgConfig::Cairo)
 
 target_sources(tarvordp_parts PRIVATE

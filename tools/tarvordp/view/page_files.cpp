@@ -38,8 +38,9 @@ class WholeFile {
   // Raises: CannotWrite, unless the drawing went well and every byte arrived.
   void finish(cairo_status_t drawing) {
     const int closed = std::fclose(std::exchange(file_, nullptr));
-    if (drawing == CAIRO_STATUS_SUCCESS && closed == 0) return;
     if (error_ == 0 && closed != 0) error_ = errno;
+    // Not every surface of cairo passes a failed write on.
+    if (drawing == CAIRO_STATUS_SUCCESS && error_ == 0) return;
     remove();
     fail(drawing);
   }

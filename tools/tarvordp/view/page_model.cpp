@@ -184,7 +184,9 @@ class PageMaker {
 int widthOf(const Line& line) {
   int width = 0;
   for (const Run& run : line.runs) {
-    width = std::max(width, run.x + static_cast<int>(run.text.size()) * run.look.width);
+    const std::size_t seen =
+        run.look.underlined ? run.text.size() : run.text.find_last_not_of(u' ') + 1;
+    if (seen > 0) width = std::max(width, run.x + static_cast<int>(seen) * run.look.width);
   }
   return width;
 }

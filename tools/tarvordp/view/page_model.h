@@ -58,7 +58,7 @@ struct Page {
   std::vector<Line> lines;  // in printing order, empty ones too
 };
 
-// Where a line's right end is: 0 for an empty one.
+// Where the last thing that is seen on the line ends: 0 for an empty one.
 int widthOf(const Line& line);
 
 // Makes pages of printed bytes.

@@ -66,6 +66,7 @@ class Viewing {
     } else if (!drawn) {
       showOnTerminal();
     }
+    if (!console_.out.flush()) throw CannotWrite("the pages cannot be written to the output");
     if (drawn) drawFiles();
     return kDone;
   }
@@ -140,7 +141,7 @@ void addViewCommand(CLI::App& program, Console& console, int& status) {
       "arguments, profile or file.\n\n"
       "Examples:\n"
       "  tarvordp view invoice.prn --profile epson-9pin\n"
-      "  tarvordp view invoice.prn --profile epson-9pin --png pages/invoice\n"
+      "  tarvordp view invoice.prn --profile epson-9pin --png invoice\n"
       "  tarvordp view - --profile ibm-proprinter --text < ledger.prn | grep Total");
   auto options = std::make_shared<ViewOptions>();
   command
