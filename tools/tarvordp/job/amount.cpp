@@ -162,8 +162,7 @@ tarvo::Date readDate(std::string_view written, std::string_view separators) {
   try {
     return tarvo::dateOf(civilTimeIn(written, separators));
   } catch (const std::bad_optional_access&) {
-    throw BadValue(quoted(written) +
-                   " is no date: write YYYY-MM-DD or YYYY-MM-DDTHH:MM:SS");
+    throw BadValue(quoted(written) + " is no date: write YYYY-MM-DD or YYYY-MM-DDTHH:MM:SS");
   } catch (const tarvo::RunTimeError&) {
     throw BadValue(quoted(written) + " is no day of the calendar");
   }

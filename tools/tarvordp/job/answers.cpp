@@ -72,8 +72,7 @@ bool Answers::store(Ref<clsObSpecialVar>& variable, const RepeatValue& repeat) {
   std::size_t& place = places_[name_].value;
   if (place >= repeat.values.size()) place = 0;  // another record's repetition was longer
   const SingleValue& value = repeat.values[place];
-  const bool isStored =
-      std::visit([&](const auto& kind) { return store(variable, kind); }, value);
+  const bool isStored = std::visit([&](const auto& kind) { return store(variable, kind); }, value);
   const bool isLast = !isStored || place + 1 == repeat.values.size();
   place = isLast ? 0 : place + 1;
   if (isStored) variable->SetEndOfRepeatPrintLine(isLast);

@@ -65,8 +65,10 @@ JobValue cellValue(std::string_view text, ColumnKind kind) {
 // What is malformed does not come back as it was.
 tarvo::Text checkedText(std::string_view utf8) {
   tarvo::Text text = tarvo::fromUtf8(utf8);
-  const bool isAscii = text.size() == utf8.size();
-  if (!isAscii && tarvo::toUtf8(text) != utf8) throw BadValue("a text is not UTF-8");
+  const auto isAscii = [](char c) { return static_cast<unsigned char>(c) < 0x80; };
+  if (!std::ranges::all_of(utf8, isAscii) && tarvo::toUtf8(text) != utf8) {
+    throw BadValue("a text is not UTF-8");
+  }
   return text;
 }
 

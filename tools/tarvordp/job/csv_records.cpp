@@ -78,8 +78,8 @@ class CsvRecords final : public RecordSource {
 
   void readRow(Record& record) const {
     if (row_.cells.size() != columns_.size()) {
-      throw BadValue("the row has " + std::to_string(row_.cells.size()) +
-                     " cells, and there are " + std::to_string(columns_.size()) + " columns");
+      throw BadValue("the row has " + std::to_string(row_.cells.size()) + " cells, and there are " +
+                     std::to_string(columns_.size()) + " columns");
     }
     record.names = names_;
     record.values.clear();

@@ -57,9 +57,10 @@ bool CsvRows::next(CsvRow& row) {
 // False at the end of the file.
 bool CsvRows::feedLine() {
   errno = 0;
-  std::getline(file_, bytes_);
+  bytes_.clear();  // getline leaves it as it is once the end was met
+  const bool isRead = static_cast<bool>(std::getline(file_, bytes_));
   if (file_.bad()) failToRead(path_);
-  if (file_.eof() && bytes_.empty()) return false;
+  if (!isRead) return false;
   if (!file_.eof()) bytes_ += '\n';
   std::string_view bytes = bytes_;
   if (++line_ == 1 && bytes.starts_with(kByteOrderMark)) bytes.remove_prefix(kByteOrderMark.size());
@@ -101,12 +102,13 @@ struct CsvEvents {
 
 void CsvRows::feed(std::string_view bytes) {
   CsvEvents events{*this};
-  const std::size_t taken = csv_parse(&parser_, bytes.data(), bytes.size(), &CsvEvents::cell,
-                                      &CsvEvents::row, &events);
+  const std::size_t taken =
+      csv_parse(&parser_, bytes.data(), bytes.size(), &CsvEvents::cell, &CsvEvents::row, &events);
   if (events.memoryIsShort || csv_error(&parser_) == CSV_ENOMEM) throw std::bad_alloc();
   if (taken != bytes.size()) {
-    throw CsvError(line_, "a quotation mark stands where none may: a cell that has one must begin "
-                          "and end with one, and have those inside twice");
+    throw CsvError(line_,
+                   "a quotation mark stands where none may: a cell that has one must begin "
+                   "and end with one, and have those inside twice");
   }
 }
 

@@ -74,9 +74,9 @@ JobData openData(const Job& job, const Details::Listener& listener) {
   JobData data;
   if (job.record != nullptr) readNamedValues(*job.record, data.record);
   if (job.recordQuery != nullptr) sources.readQuery(*job.recordQuery, data.record);
-  data.details = job.details == nullptr
-                     ? std::make_unique<Details>()
-                     : std::make_unique<Details>(sources.open(*job.details), job.subtotal, listener);
+  data.details = job.details == nullptr ? std::make_unique<Details>()
+                                        : std::make_unique<Details>(sources.open(*job.details),
+                                                                    job.subtotal, listener);
   return data;
 }
 

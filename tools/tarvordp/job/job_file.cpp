@@ -102,7 +102,8 @@ void readMasterDetail(KnownKeys& keys, Job& job) {
 
 void readAnswers(const JsonValue& written, Job& job) {
   KnownKeys keys(written);
-  if (const JsonValue* turnSheet = keys.optional("turnSheet")) job.turnSheet = turnSheet->asBoolean();
+  if (const JsonValue* turnSheet = keys.optional("turnSheet"))
+    job.turnSheet = turnSheet->asBoolean();
   if (const JsonValue* pause = keys.optional("pause")) job.pause = pause->asBoolean();
   keys.nothingElse();
 }

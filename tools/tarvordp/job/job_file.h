@@ -26,7 +26,8 @@ struct Job {
 
   ReportKind kind = ReportKind::form;
   tarvo::Text title;
-  tarvo::Text directory;  // of the templates, as the library wants it: with its separator at the end
+  tarvo::Text
+      directory;  // of the templates, as the library wants it: with its separator at the end
   tarvo::Text user;
   tarvo::Text textFile;
 

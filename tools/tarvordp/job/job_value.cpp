@@ -111,8 +111,9 @@ SingleValue readSingle(const JsonValue& written) {
     case JsonValue::Kind::text:
       return TextValue{textIn(written)};
     case JsonValue::Kind::array:
-      written.mistake("must be a value, not an array: write {\"repeat\": [...]} or "
-                      "{\"lines\": [...]}");
+      written.mistake(
+          "must be a value, not an array: write {\"repeat\": [...]} or "
+          "{\"lines\": [...]}");
     case JsonValue::Kind::object:
       break;
   }

@@ -45,8 +45,8 @@ class Row {
   }
 
   static JobValue valueOfText(std::string_view text, ColumnKind kind) {
-    const bool mayBeEmpty = kind == ColumnKind::unsaid || kind == ColumnKind::text ||
-                            kind == ColumnKind::enumeration;
+    const bool mayBeEmpty =
+        kind == ColumnKind::unsaid || kind == ColumnKind::text || kind == ColumnKind::enumeration;
     if (text.empty() && !mayBeEmpty) return NoValue{};
     return cellValue(text, kind);
   }

@@ -49,9 +49,8 @@ class Client {
 
   template <class Action>
   auto callback(const char* name, Action action) {
-    return callback(std::move(action), [&](Trace::Json answer) {
-      run_.trace.callback(name, std::move(answer));
-    });
+    return callback(std::move(action),
+                    [&](Trace::Json answer) { run_.trace.callback(name, std::move(answer)); });
   }
 
   bool answer(const char* name, Ref<clsObLineCharacts>& line, const Record* detail,

@@ -19,8 +19,8 @@ struct JobRun {
   Operator& op;
   OutputSpooler& output;
 
-  std::uint64_t callbacks = 0;      // so far
-  std::int64_t records = 0;         // printed so far, of all copies
+  std::uint64_t callbacks = 0;  // so far
+  std::int64_t records = 0;     // printed so far, of all copies
   bool wasGivenUpAtPause = false;
 };
 

@@ -37,8 +37,7 @@ bool isOrdinaryFile(const std::string& path) {
 
 }  // namespace
 
-OutputSpooler::OutputSpooler(tarvo::Ref<tarvo::Spooler> spooler, Trace& trace,
-                             std::string formFeed)
+OutputSpooler::OutputSpooler(tarvo::Ref<tarvo::Spooler> spooler, Trace& trace, std::string formFeed)
     : spooler_(std::move(spooler)), trace_(trace), formFeed_(std::move(formFeed)) {}
 
 // Traces a call and gives its answer.
@@ -117,7 +116,8 @@ bool OutputSpooler::endPage(tarvo::PrinterHandle handle) {
 }
 
 bool OutputSpooler::endDocument(tarvo::PrinterHandle handle) {
-  const bool ended = watched(traced("EndDocPrinter", spooler_->endDocument(handle), Trace::Json::object()));
+  const bool ended =
+      watched(traced("EndDocPrinter", spooler_->endDocument(handle), Trace::Json::object()));
   if (!failure_) isJob_ = false;
   return ended;
 }

@@ -51,7 +51,7 @@ class OutputSpooler final : public tarvo::Spooler {
   Trace& trace_;
   const std::string formFeed_;
   std::string printerName_;
-  std::string file_;  // of the present job; empty: it is none
+  std::string file_;                    // of the present job; empty: it is none
   std::map<std::string, int> filesOf_;  // jobs so far of each file printer
   std::optional<std::string> failure_;
   tarvo::PrinterHandle handle_ = 0;

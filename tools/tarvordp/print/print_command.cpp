@@ -22,7 +22,7 @@ constexpr const char* kFooter =
     "  tarvordp print invoice.json --set FACTURA.NUMERO=1043 --yes --trace calls.jsonl\n"
     "\n"
     "Exit status: 0 printed, 1 nothing or a sheet less was printed, 2 wrong arguments or job,\n"
-    "3 a run-time error ended the report, or its output did not arrive whole.\n";
+    "3 a run-time error ended the report, or its output did not arrive whole.";
 
 std::pair<std::string, std::string> nameAndValue(const std::string& written) {
   const std::size_t sign = written.find('=');
@@ -49,9 +49,7 @@ void addArguments(CLI::App& command, Arguments& arguments) {
                   "files, one for each spooler job (PATH, PATH.2 ...), file:- to the\n"
                   "standard output; any other name is a printer of the system")
       ->type_name("NAME");
-  command
-      .add_option("--save", options.save,
-                  "Saves graphic output, such as drafts, in a PDF file")
+  command.add_option("--save", options.save, "Saves graphic output, such as drafts, in a PDF file")
       ->type_name("FILE.pdf");
   command
       .add_option("--set", arguments.values,

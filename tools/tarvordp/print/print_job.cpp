@@ -7,14 +7,12 @@
 #include "frame/modRDPGlobalValues.h"
 #include "platform/file/file_sink.h"
 #include "printer/clsUtilImp.h"
-#include "reports/clsObRepMasterDetail.h"
-#include "reports/clsObRepPlanilla.h"
 #include "services/all.h"
 #include "tarvordp/job/job_file.h"
 #include "tarvordp/mistake.h"
-#include "tarvordp/print/job_client.h"
 #include "tarvordp/print/job_messages.h"
 #include "tarvordp/print/job_pages.h"
+#include "tarvordp/print/job_report.h"
 #include "tarvordp/print/traced_errors.h"
 
 namespace tarvordp {
@@ -71,29 +69,6 @@ std::string bytesOf(const tarvo::Text& code) {
   return bytes;
 }
 
-void printForm(JobRun& run, const tarvo::ReportPorts& ports) {
-  const Job& job = run.job;
-  const auto report = make<tarvo::clsObRepPlanilla>(ports);
-  Ref<tarvo::clsImplementIDTraduc> client = makeFormClient(run);
-  report->sInit(client, job.title, job.textFile, job.user, {}, job.directory, job.output,
-                job.sheets);
-  report->SetFileNameIDFirstSheet(job.firstSheet);
-  report->SetFileNameIDSecondSheet(job.secondSheet);
-  report->SetFileNameIDDraft(job.draft);
-  report->sPrintReport();
-}
-
-void printMasterDetail(JobRun& run, const tarvo::ReportPorts& ports) {
-  const Job& job = run.job;
-  const auto report = make<tarvo::clsObRepMasterDetail>(ports);
-  Ref<tarvo::clsImplementIDMD> client = makeMasterDetailClient(run);
-  report->sInit(client, job.title, job.textFile, job.user, job.templateName, job.directory,
-                job.copies);
-  report->SetTopMarginLines(job.topMarginLines);
-  report->SetTopMarginPoints(job.topMarginPoints);
-  report->sPrintReport();
-}
-
 // One run of one job, to one printer.
 class Printing {
  public:
@@ -114,7 +89,7 @@ class Printing {
 
   ExitStatus print() {
     try {
-      printReport();
+      printWithServices();
     } catch (const tarvo::RunTimeError& error) {
       return ended(error);
     }
@@ -122,17 +97,12 @@ class Printing {
   }
 
  private:
-  void printReport() {
+  void printWithServices() {
     LibTarvoCI::CoreServices services;
     services.refInsError = make<TracedErrors>(run_.trace);
     services.refInsMessage = messages_;
     const LentServices lent(services, printer_);
-    const tarvo::ReportPorts ports{tarvo::platform::makeTextFiles(), pages_};
-    if (run_.job.kind == ReportKind::form) {
-      printForm(run_, ports);
-    } else {
-      printMasterDetail(run_, ports);
-    }
+    printReport(run_, {tarvo::platform::makeTextFiles(), pages_});
   }
 
   ExitStatus ended(const tarvo::RunTimeError& error) {
@@ -162,8 +132,8 @@ class Printing {
   }
 
   ExitStatus outputFailed() {
-    tell(tarvo::toUtf8(printer_->GetPrinterName()) + ": the report did not arrive whole: " +
-         *output_->failure());
+    tell(tarvo::toUtf8(printer_->GetPrinterName()) +
+         ": the report did not arrive whole: " + *output_->failure());
     abandonOutput();
     return kRunTimeError;
   }
@@ -176,13 +146,13 @@ class Printing {
   // For a person who waits; a script has the exit status.
   void summarize() {
     if (!console_.errIsTerminal) return;
-    std::string line = "printed ";
-    const std::uint64_t pages = output_->pages() + pages_->pages();
-    if (pages > 0) line += withUnit(pages, "page") + ", ";
-    if (run_.records > 0) {
-      line += withUnit(static_cast<std::uint64_t>(run_.records), "record") + ", ";
-    }
-    line += withUnit(output_->bytes(), "byte");
+    std::string line;
+    const auto add = [&line](std::uint64_t number, const char* thing) {
+      if (number > 0) line.append(line.empty() ? "printed " : ", ").append(withUnit(number, thing));
+    };
+    add(output_->pages() + pages_->pages(), "page");
+    add(static_cast<std::uint64_t>(run_.records), "record");
+    add(output_->bytes(), "byte");
     if (output_->jobs() > 0) line += " to " + tarvo::toUtf8(printer_->GetPrinterName());
     op_.tell(line);
   }

@@ -13,13 +13,13 @@
 namespace tarvordp {
 
 struct PrintOptions {
-  std::string job;                     // a path; "-" the standard input
-  std::optional<std::string> printer;  // in place of the profile's
-  std::optional<std::string> save;     // graphic output goes into this file
+  std::string job;                                          // a path; "-" the standard input
+  std::optional<std::string> printer;                       // in place of the profile's
+  std::optional<std::string> save;                          // graphic output goes into this file
   std::vector<std::pair<std::string, std::string>> values;  // names of the record, and their texts
-  std::optional<std::uint8_t> copies;  // in place of the job's
-  std::optional<std::string> trace;    // a file for what happens
-  bool yes = false;                    // nobody is asked
+  std::optional<std::uint8_t> copies;                       // in place of the job's
+  std::optional<std::string> trace;                         // a file for what happens
+  bool yes = false;                                         // nobody is asked
 };
 
 // What the report is printed with that a test has of its own.  Default: the system's.
