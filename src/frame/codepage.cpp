@@ -1,6 +1,7 @@
 #include "frame/codepage.h"
 
 #include <algorithm>
+#include <cstring>
 
 #include "frame/platform.h"
 
@@ -44,10 +45,19 @@ bool isAscii(const char16_t* piece) {
   return all < 0x80;
 }
 
-bool isAscii(const char* piece) {
-  unsigned all = 0;
-  for (std::size_t i = 0; i < kPiece; ++i) all |= static_cast<std::uint8_t>(piece[i]);
-  return all < 0x80;
+using PieceOfBytes = unsigned char __attribute__((vector_size(kPiece)));
+using PieceOfText = char16_t __attribute__((vector_size(kPiece * sizeof(char16_t))));
+
+// False: not the whole piece is ASCII.
+bool decodeAscii(const char* piece, char16_t* text) {
+  std::array<std::uint64_t, kPiece / sizeof(std::uint64_t)> words;
+  std::memcpy(&words, piece, sizeof words);
+  if (((words[0] | words[1]) & 0x8080'8080'8080'8080) != 0) return false;
+  PieceOfBytes bytes;
+  std::memcpy(&bytes, piece, sizeof bytes);
+  const auto characters = __builtin_convertvector(bytes, PieceOfText);
+  std::memcpy(text, &characters, sizeof characters);
+  return true;
 }
 
 }  // namespace
@@ -112,8 +122,7 @@ void CodePage::decode(std::string_view bytes, Text& text) const {
     for (std::size_t i = begin; i < end; ++i) out[i] = decode(static_cast<std::uint8_t>(in[i]));
   };
   const auto decodePiece = [&](std::size_t at) {
-    if (!keepsAscii_ || !isAscii(in + at)) return decodeEach(at, at + kPiece);
-    for (std::size_t i = at; i < at + kPiece; ++i) out[i] = static_cast<char16_t>(in[i]);
+    if (!keepsAscii_ || !decodeAscii(in + at, out + at)) decodeEach(at, at + kPiece);
   };
   if (bytes.size() < kPiece) return decodeEach(0, bytes.size());
   const std::size_t last = bytes.size() - kPiece;

@@ -47,10 +47,10 @@ class LetterReplacements {
   std::array<clsTexto::Replacement, kPrinterLetters.size()> replacements_{};
 };
 
-// Eight characters that are looked at in one step.
-constexpr std::size_t kAtOnce = 8;
-using Eight = char16_t __attribute__((vector_size(kAtOnce * sizeof(char16_t))));
-using EightBytes = char __attribute__((vector_size(kAtOnce)));
+// Characters that are looked at in one step.
+constexpr std::size_t kAtOnce = 16;
+using Characters = char16_t __attribute__((vector_size(kAtOnce * sizeof(char16_t))));
+using Bytes = char __attribute__((vector_size(kAtOnce)));
 
 // Replacement and code page in one step: a text's bytes as the printer gets them.
 class PrinterBytes {
@@ -73,8 +73,8 @@ class PrinterBytes {
   void put(TextView text, char* bytes) const noexcept {
     if (!keepsAscii_ || text.size() < kAtOnce) return putEach(text, bytes);
     const std::size_t last = text.size() - kAtOnce;
-    for (std::size_t i = 0; i < last; i += kAtOnce) putEight(text.data() + i, bytes + i);
-    putEight(text.data() + last, bytes + last);  // some of them for the second time
+    for (std::size_t i = 0; i < last; i += kAtOnce) putPiece(text.data() + i, bytes + i);
+    putPiece(text.data() + last, bytes + last);  // some of them for the second time
   }
 
  private:
@@ -89,18 +89,19 @@ class PrinterBytes {
     return kCharacters[number];
   }
 
-  void putEight(const char16_t* text, char* bytes) const noexcept {
+  void putPiece(const char16_t* text, char* bytes) const noexcept {
     if (!putAscii(text, bytes)) putEach({text, kAtOnce}, bytes);
   }
 
-  // Most of what is printed.  False: not all of the eight are.
+  // Most of what is printed.  False: not the whole piece is.
   static bool putAscii(const char16_t* text, char* bytes) noexcept {
-    std::array<std::uint64_t, 2> halves;
-    std::memcpy(&halves, text, sizeof halves);
-    if (((halves[0] | halves[1]) & 0xFF80'FF80'FF80'FF80) != 0) return false;
-    Eight characters;
+    Characters characters;
     std::memcpy(&characters, text, sizeof characters);
-    const auto narrow = __builtin_convertvector(characters, EightBytes);
+    std::array<std::uint64_t, 4> words;
+    std::memcpy(&words, text, sizeof words);
+    const std::uint64_t all = words[0] | words[1] | words[2] | words[3];
+    if ((all & 0xFF80'FF80'FF80'FF80) != 0) return false;
+    const auto narrow = __builtin_convertvector(characters, Bytes);
     std::memcpy(bytes, &narrow, sizeof narrow);
     return true;
   }

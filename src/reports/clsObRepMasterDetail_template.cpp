@@ -42,9 +42,11 @@ bool holdsSectionMarker(TextView line, TextView marker) noexcept {
 // Whether the line, in capitals, holds the marker; an empty line and an empty marker never do.
 bool holds(TextView line, TextView marker) {
   if (line.empty() || marker.empty()) return false;
-  const TextParts texts;
-  if (marker.starts_with(u'{') && texts->mayBeBypassed()) return holdsSectionMarker(line, marker);
-  return texts->fHolds(upperCase(line), marker);
+  const clsTexto* const service = modRDPGlobalValues::ofThisThread().refInsTexto.get();
+  if (service != nullptr && service->mayBeBypassed() && marker.front() == u'{') {
+    return holdsSectionMarker(line, marker);
+  }
+  return TextParts()->fHolds(upperCase(line), marker);
 }
 
 // A body like that one, but without lines.

@@ -46,11 +46,14 @@ void PageWriter::sSetMargins(std::uint8_t first, std::uint8_t second, std::uint8
   leftMargin_ = left;
 }
 
-bool PageWriter::usesTextChannel() const noexcept {
-  if (device_ != ePD_Printer) return false;
-  const clsUtilImp* profile = services().refInsImp.get();
-  return profile != nullptr && profile->GetCanPrintInTextMode();
+// The printer channel, where what is written goes to it; else null.
+clsUtilImp* PageWriter::textChannel() const noexcept {
+  if (device_ != ePD_Printer) return nullptr;
+  clsUtilImp* const profile = services().refInsImp.get();
+  return profile != nullptr && profile->GetCanPrintInTextMode() ? profile : nullptr;
 }
+
+bool PageWriter::usesTextChannel() const noexcept { return textChannel() != nullptr; }
 
 // --- Writing.
 
@@ -104,8 +107,8 @@ void PageWriter::sOBWriteNoSkipPage(TextView text) try {
 }
 
 void PageWriter::sendLine(TextView text) {
-  if (usesTextChannel()) {
-    printer()->sWriteLn(text, leftMargin_);
+  if (const Ref<clsUtilImp> channel(textChannel()); channel) {
+    channel->sWriteLn(text, leftMargin_);
   } else {
     Ref(graphic_)->sWriteLn(text, leftMargin_);
   }

@@ -157,6 +157,7 @@ class PageWriter : public TrappedObject {
   void breakPageAndSend(TextView text, Send send);
   using ProfileText = const Text& (clsUtilImp::*)() const noexcept;
   void writeCode(ProfileText code);
+  clsUtilImp* textChannel() const noexcept;
 
   const ErrorIdentity& report_;
   PageWriterHost& host_;

@@ -143,7 +143,7 @@ void ReportEngine::writeLineAsAsked(TextView text) {
 // skip is asked after the line was written.
 void ReportEngine::writeLines() {
   const Ref<clsObLineCharacts> line = line_;
-  writeLineAsAsked(line->GetTextToPrint());
+  writeLineAsAsked(line->textToPrint());
   const int lastSkip = line->GetNumberOfSkips();
   for (int skip = 2; skip <= lastSkip; ++skip) writeLineAsAsked({});
 }

@@ -81,10 +81,17 @@ const Text& clsObLineCharacts::GetTextToPrint() const {
   return lineToWriteEmpty_ ? kEmpty : GetTextToWrite();
 }
 
+TextView clsObLineCharacts::textToPrint() const {
+  const bool isWhole =
+      isTranslating() && next_ == template_.get()->variablesEnd() && removed_ == nullptr;
+  return isWhole && !lineToWriteEmpty_ ? TextView(template_.get()->whole()) : GetTextToPrint();
+}
+
 void clsObLineCharacts::sClrRecord() try {
   textToWrite_.clear();
-  leaveTemplate();
   const Ref<clsObSpecialVar> variable = specialVar_;
+  if (variable) variable->forgetOwedText();
+  leaveTemplate();
   variable->sClrObject();
   alignment_ = eAT_Left;
   hasTab_ = false;
@@ -264,17 +271,17 @@ std::uint8_t clsObLineCharacts::fNumberOfPrintedLinesThatWillFill() try {
   trap("fNumberOfPrintedLinesThatWillFill");
 }
 
-void clsObLineCharacts::beginTranslation(const Ref<TemplateLine>& line) {
+void clsObLineCharacts::beginTranslation(TemplateLine& line) {
   leaveTemplate();
-  if (const clsObLineCharacts* reader = line->reader(); reader != nullptr) reader->joinText();
-  line->beginReading(this);
+  if (const clsObLineCharacts* reader = line.reader(); reader != nullptr) reader->joinText();
+  line.beginReading(this);
   textToWrite_.clear();
   settled_ = 0;
   restBegin_ = 0;
-  next_ = line->variables();
+  next_ = line.variables();
   removed_ = nullptr;
   isAtTaken_ = false;
-  template_ = line;
+  template_ = Ref<TemplateLine>(&line);
 }
 
 bool clsObLineCharacts::findsVariable() const {
@@ -296,9 +303,9 @@ void clsObLineCharacts::joinText(TextView between) const {
   leaveTemplate();
 }
 
-void clsObLineCharacts::leaveTemplate() const noexcept {
-  if (!isTranslating()) return;
+void clsObLineCharacts::endTranslation() const noexcept {
   isAtTaken_ = false;
+  leaveTextInVariable();
   template_->endReading();
   template_ = {};
 }
@@ -315,7 +322,7 @@ void clsObLineCharacts::lookForNextVariable() {
   restBegin_ = next_->open;
   const std::size_t place = settled_ + 1;
   if (next_->parsed && specialVar_ && place + next_->size < kLastPlace) {
-    specialVar_->takeParsed(*next_->parsed, static_cast<std::int16_t>(place));
+    specialVar_->takeParsed(*next_->parsed, static_cast<std::int16_t>(place), this);
   } else {
     readNextVariable();
   }
@@ -340,22 +347,30 @@ void clsObLineCharacts::readNextVariable() {
   next.isLibrarys = next.isConstant || next.control != Control::kNone;
 }
 
+// Whether the word is a constant, or sends the code that stands in the image.
+inline bool clsObLineCharacts::hasKnownText(const TemplateLine::Variable& word) const {
+  if (!word.value.isKnownText()) return false;
+  if (word.isConstant) return true;
+  const PrinterCode code = codeOf(word.control);
+  const clsUtilImp* const printer = template_.get()->printer();
+  return code != nullptr && printer != nullptr && TextEqual()((printer->*code)(), word.value.text);
+}
+
 // Words that only send a code, and constants, whose value stands in the image: the variable need
 // not say so, for the one behind them takes its place.
 void clsObLineCharacts::passKnownWords() {
   for (; next_ + 1 != template_->variablesEnd(); ++next_) {
     // An IIF's list stays behind in the variable.
-    if (!next_->value.isKnownText() || next_->parsed->iif) return;
-    if (!next_->isConstant && !sendsKnownCode(*next_)) return;
+    if (!hasKnownText(*next_) || next_->parsed->iif) return;
     settled_ += next_->open - restBegin_ + next_->valueSize;
     restBegin_ = next_->end();
   }
 }
 
-bool clsObLineCharacts::sendsKnownCode(const TemplateLine::Variable& word) {
-  const PrinterCode code = codeOf(word.control);
-  const clsUtilImp* printer = modRDPGlobalValues::ofThisThread().refInsImp.get();
-  return code != nullptr && printer != nullptr && TextEqual()((printer->*code)(), word.value.text);
+bool clsObLineCharacts::givesKnownText() {
+  if (!isAtKeptValue() || !hasKnownText(*next_)) return false;
+  specialVar_->SetContentString(next_->value.text);
+  return true;
 }
 
 void clsObLineCharacts::settleStepByStep() {
@@ -363,15 +378,18 @@ void clsObLineCharacts::settleStepByStep() {
   sReplaceVarInTextToWrite();
 }
 
-void clsObLineCharacts::leaveTextInVariable() const {
-  const std::size_t size = next_[-1].valueSize;
-  const Text& image = template_->imageUpTo(next_);
-  specialVar_->leaveText({image.data() + settled_ - size, size});
+// What the variable has not fetched yet, while it is there.
+void clsObLineCharacts::leaveTextInVariable() const noexcept {
+  const clsObSpecialVar* const variable = specialVar_.get();
+  if (variable != nullptr && isTranslating() && variable->isOwedTextOf(*template_.get())) {
+    variable->takeOwedText();
+  }
 }
 
 // Where nobody watches the services and nothing but the text matters, it goes to its place at once,
 // and is kept.
 void clsObLineCharacts::settlePlainValue() {
+  isAtTaken_ = false;
   sFormatSpecialVar();
   const clsObSpecialVar& variable = *specialVar_;
   const Text& value = variable.GetTextToWrite();

@@ -41,6 +41,7 @@ class clsObLineCharacts final : public TrappedObject {
   // The variable that is being resolved; the library never replaces it.
   const Ref<clsObSpecialVar>& GetSpecialVar() const noexcept { return specialVar_; }
   void SetSpecialVar(Ref<clsObSpecialVar> valNewValue) noexcept {
+    leaveTextInVariable();
     specialVar_ = std::move(valNewValue);
     isAtTaken_ = false;
   }
@@ -117,6 +118,10 @@ class clsObLineCharacts final : public TrappedObject {
   // What is printed.
   const Text& GetTextToPrint() const;
 
+  // The same for the engines, without a copy where the text stands together already.  Valid until
+  // the line is used for anything.
+  TextView textToPrint() const;
+
   // How many printed lines the line takes: none when it is not printed or ends without line feed,
   // else at least one.
   std::uint8_t fNumberOfPrintedLinesThatWillFill();
@@ -128,24 +133,28 @@ class clsObLineCharacts final : public TrappedObject {
 
   // As SetTextToWrite with the line's text, which has been looked through before.
   // REQUIRES: a regular line, and a text service that may be bypassed.
-  void beginTranslation(const Ref<TemplateLine>& line);
+  void beginTranslation(TemplateLine& line);
 
   // Whether the text holds a "{".
   bool holdsVariable() const {
     return isTranslating() ? next_ != template_.get()->variablesEnd() : findsVariable();
   }
 
-  // As sExtractSpecialVar with the present text.
-  void extractNextVariable() {
-    if (!takesNextVariable()) lookForNextVariable();
+  // As sExtractSpecialVar with the present text.  Whether the variable is known to be neither a
+  // control word nor a constant.
+  bool extractNextVariable() {
+    if (takesNextVariable()) return !next_->isLibrarys;
+    lookForNextVariable();
+    return isTranslating() && !next_->isLibrarys;
   }
-
-  // Whether the variable is known to be neither a control word nor a constant.
-  bool isKnownToBeClients() const noexcept { return isTranslating() && !next_->isLibrarys; }
 
   // As fSpecialVarIsAnyControlChar with the field's name.  Gives what goes to the printer, either
   // `content` or a text of the printer's; null when the name is no control word.
   const Text* applyControlWord(Text& content);
+
+  // The same and the giving of the text, for a variable whose text stands in the image: a word that
+  // only sends a code, or a constant.  False: it is not known; nothing has happened.
+  bool givesKnownText();
 
   // As sFormatSpecialVar and then sReplaceVarInTextToWrite.
   void settleVariable();
@@ -157,7 +166,10 @@ class clsObLineCharacts final : public TrappedObject {
   void takeText(Text& text) noexcept;
   void joinText() const;
   void joinText(TextView between) const;
-  void leaveTemplate() const noexcept;
+  void leaveTemplate() const noexcept {
+    if (isTranslating()) endTranslation();
+  }
+  void endTranslation() const noexcept;
   bool findsVariable() const;
   bool beginsTheRest(const clsObSpecialVar& variable) const noexcept;
   void removeVariable(const clsObSpecialVar& variable);
@@ -165,11 +177,11 @@ class clsObLineCharacts final : public TrappedObject {
   void removeThroughService(const clsObSpecialVar& variable);
   void insertAtVariable(const clsObSpecialVar& variable);
   void passKnownWords();
-  static bool sendsKnownCode(const TemplateLine::Variable& word);
+  bool hasKnownText(const TemplateLine::Variable& word) const;
   bool isAtKeptValue() const noexcept;
   bool takesValue(const clsObSpecialVar& variable);
   void passValue();
-  void leaveTextInVariable() const;
+  void leaveTextInVariable() const noexcept;
   void settleStepByStep();
   void settlePlainValue();
   void putValue(TextView value);
@@ -229,7 +241,7 @@ inline bool clsObLineCharacts::takesNextVariable() {
   if (place + next.size >= kLastPlace) return false;
   settled_ = place - 1;
   restBegin_ = next.open;
-  variable->takeParsed(*parsed, static_cast<std::int16_t>(place));
+  variable->takeParsed(*parsed, static_cast<std::int16_t>(place), this);
   isAtTaken_ = true;
   return true;
 }
@@ -237,7 +249,7 @@ inline bool clsObLineCharacts::takesNextVariable() {
 // Whether nothing but the variable's value and attributes can have changed since then.
 inline bool clsObLineCharacts::isAtKeptValue() const noexcept {
   return isAtTaken_ && template_.get()->isOfPresentServices() &&
-         specialVar_.get()->standsAt(settled_ + 1, next_->size);
+         specialVar_.get()->isStillTakenBy(this);
 }
 
 // Whether the image has the present value, or has taken it.
@@ -248,7 +260,7 @@ inline bool clsObLineCharacts::isAtKeptValue() const noexcept {
                                              variable.parenthesisIfNegative());
   }
   if (variable.isTextField(parsed)) {
-    return template_.get()->takesTextField(*next_, settled_, variable.GetContentString());
+    return template_.get()->takesTextField(*next_, settled_, variable.contentText());
   }
   return variable.hasStill(next_->value, parsed);
 }
@@ -256,10 +268,14 @@ inline bool clsObLineCharacts::isAtKeptValue() const noexcept {
 // What formatting leaves in the variable is seen only when no other variable follows, which clears
 // it.
 inline void clsObLineCharacts::passValue() {
+  isAtTaken_ = false;
   settled_ += next_->valueSize;
   restBegin_ = next_->end();
   ++next_;
-  if (next_ == template_.get()->variablesEnd()) leaveTextInVariable();
+  TemplateLine& line = *template_.get();
+  if (next_ != line.variablesEnd()) return;
+  const std::size_t size = next_[-1].valueSize;
+  specialVar_.get()->oweText(line, settled_ - size, size);
 }
 
 [[gnu::always_inline]] inline void clsObLineCharacts::settleVariable() {

@@ -1,9 +1,12 @@
 #include "template/clsObSpecialVar.h"
 
+#include <utility>
+
 #include "frame/checked.h"
 #include "frame/modRDPGlobalValues.h"
 #include "frame/upper_case.h"
 #include "template/control_words.h"
+#include "template/template_line.h"
 #include "template/text_parts.h"
 
 namespace tarvo {
@@ -48,10 +51,16 @@ void clsObSpecialVar::sClrObject() try { clear(); } catch (...) {
 void clsObSpecialVar::clear() {
   share(*nothing_);
   hasIifOfItsOwn_ = false;
+  takenBy_ = nullptr;
   posEnd_ = 0;
   size_ = 0;
   posBegin_ = 0;
   clearContent();
+}
+
+void clsObSpecialVar::fetchText() const noexcept {
+  textToWrite_.clear();
+  textToWrite_.append(std::exchange(textLine_, nullptr)->lastValue(textAt_));
 }
 
 void clsObSpecialVar::sExtract(TextView valText) try {

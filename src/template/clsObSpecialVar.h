@@ -16,6 +16,7 @@
 // Threads: the client's.  One object serves one variable at a time, any number one after the other.
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <cstring>
 
@@ -34,6 +35,9 @@
 
 namespace tarvo {
 
+class clsObLineCharacts;
+class TemplateLine;
+
 class clsObSpecialVar final : public TrappedObject {
  public:
   // Default: what sClrObject() sets.
@@ -48,8 +52,15 @@ class clsObSpecialVar final : public TrappedObject {
   void SetReadText(TextView valNewValue) { ownNames().readText = valNewValue; }
 
   // The formatted value: what is printed in the variable's place.
-  const Text& GetTextToWrite() const noexcept { return textToWrite_; }
-  void SetTextToWrite(TextView valNewValue) { textToWrite_ = valNewValue; }
+  const Text& GetTextToWrite() const noexcept {
+    takeOwedText();
+    return textToWrite_;
+  }
+  void SetTextToWrite(TextView valNewValue) {
+    takeOwedText();
+    holdsMore_ = true;
+    textToWrite_ = valNewValue;
+  }
 
   // The part before the first ".", in the case in which it was written; may be empty.
   const Text& GetRecordName() const noexcept { return names().recordName; }
@@ -71,7 +82,7 @@ class clsObSpecialVar final : public TrappedObject {
 
   // --- The value, one for each kind; GetTypeField says which counts.
 
-  const Text& GetContentString() const noexcept { return contentString_; }
+  const Text& GetContentString() const;
   Currency GetContentNumeric() const noexcept { return contentNumeric_; }
   // Default: 1 January 1900.
   Date GetContentDate() const noexcept { return contentDate_; }
@@ -143,9 +154,15 @@ class clsObSpecialVar final : public TrappedObject {
   std::int16_t GetPosEnd() const noexcept { return posEnd_; }
   void SetPosEnd(std::int16_t valNewValue) noexcept { posEnd_ = valNewValue; }
   std::int16_t GetPosBegin() const noexcept { return posBegin_; }
-  void SetPosBegin(std::int16_t valNewValue) noexcept { posBegin_ = valNewValue; }
+  void SetPosBegin(std::int16_t valNewValue) noexcept {
+    posBegin_ = valNewValue;
+    takenBy_ = nullptr;
+  }
   std::int16_t GetSize() const noexcept { return size_; }
-  void SetSize(std::int16_t valNewValue) noexcept { size_ = valNewValue; }
+  void SetSize(std::int16_t valNewValue) noexcept {
+    size_ = valNewValue;
+    takenBy_ = nullptr;
+  }
 
   // --- IIF(condition,value,value...): what is printed for an enumeration or a boolean.
 
@@ -264,9 +281,15 @@ class clsObSpecialVar final : public TrappedObject {
 
   // --- For the line, in place of sExtract (template_line.h).
 
-  // Takes over what was read from the same text before; `posBegin` is where it stands in the line.
+  // Takes over what was read from the same text before; `posBegin` is where it stands in the line,
+  // which is `taker`.  Default: no line's.
   // REQUIRES: the places of both braces are at most 32,767.
-  void takeParsed(const ParsedVariable& parsed, std::int16_t posBegin);
+  void takeParsed(const ParsedVariable& parsed, std::int16_t posBegin,
+                  const clsObLineCharacts* taker = nullptr);
+
+  // Whether that line was the last one to take it over, and nobody has read another text into it or
+  // moved it since.
+  bool isStillTakenBy(const clsObLineCharacts* taker) const noexcept { return takenBy_ == taker; }
 
   // What sExtract read last, when reading it again would have no other effect; else null.
   Ref<const ParsedVariable> lastParsed() const noexcept { return lastParsed_; }
@@ -282,6 +305,12 @@ class clsObSpecialVar final : public TrappedObject {
   // Whether formatting gives the text that it gave for that value of a variable that reads so.
   bool hasStill(const SettledValue& value, const ParsedVariable& parsed) const noexcept;
 
+  // The value as a text, without a copy; valid until another one is given.
+  TextView contentText() const noexcept {
+    if (shortSize_ == kIsLong) return contentString_;
+    return {shortContent_.data(), shortSize_};
+  }
+
   // Whether the value is a text or a number of which a variable that reads so makes a field of
   // exactly its length (parsed_variable.h).
   bool isTextField(const ParsedVariable& parsed) const noexcept {
@@ -293,11 +322,21 @@ class clsObSpecialVar final : public TrappedObject {
   }
   bool parenthesisIfNegative() const noexcept { return parenthesisIfNegative_; }
 
-  // As SetTextToWrite.  REQUIRES: the text is not this object's.
-  void leaveText(TextView text) {
-    textToWrite_.clear();
-    textToWrite_.append(text);
+  // As SetTextToWrite with the value of the line's last variable, which has `size` characters and
+  // stands at `at`.  It is fetched from there when somebody looks.
+  // REQUIRES: it stays there until takeOwedText().
+  void oweText(TemplateLine& line, std::size_t at, std::size_t size) {
+    // Fetching it takes no memory, which may be missing where a line is left.
+    if (textToWrite_.capacity() < size) textToWrite_.reserve(size);
+    holdsMore_ = true;
+    textLine_ = &line;
+    textAt_ = at;
   }
+  bool isOwedTextOf(const TemplateLine& line) const noexcept { return textLine_ == &line; }
+  void takeOwedText() const noexcept {
+    if (textLine_ != nullptr) fetchText();
+  }
+  void forgetOwedText() noexcept { textLine_ = nullptr; }
 
   // Whether what is formatted depends on nothing else, and takes the variable's place as it is.
   // A date's year need not be asked for.
@@ -329,6 +368,8 @@ class clsObSpecialVar final : public TrappedObject {
   void setIifValues(Value values);
   void clear();
   void clearContent() noexcept;
+  void clearRest() noexcept;
+  void fetchText() const noexcept;
 
   // Reading the same text again (parsed_variable.h).
   void readOrTakeParsed(const Text& written);
@@ -400,13 +441,24 @@ class clsObSpecialVar final : public TrappedObject {
   bool endOfRepeatPrintLine_ = true;
   // Readings so far, and messages: what was read while it went up must be read again each time.
   std::uint32_t readings_ = 0;
+  bool holdsMore_ = true;  // than a text or a number for content: clearRest() has something to do
   std::int16_t posEnd_ = 0;
   std::int16_t posBegin_ = 0;
   std::int16_t size_ = 0;
+  const clsObLineCharacts* takenBy_ = nullptr;  // only compared
   Currency contentNumeric_;
   Date contentDate_;
-  Text textToWrite_;
-  Text contentString_;
+  mutable Text textToWrite_;
+  mutable TemplateLine* textLine_ = nullptr;  // where the text stands instead; null: it is here
+  std::size_t textAt_ = 0;
+
+  // The text that was given stands in shortContent_, and once somebody has looked at it, or when it
+  // is long, in contentString_.
+  static constexpr std::size_t kShort = 64;
+  static constexpr std::size_t kIsLong = static_cast<std::size_t>(-1);
+  mutable std::size_t shortSize_ = 0;
+  std::array<char16_t, kShort> shortContent_;
+  mutable Text contentString_;
   Text contentEnum_;
 
   // Storage that is kept between operations; borrowed (frame/borrowed.h).
@@ -419,17 +471,23 @@ class clsObSpecialVar final : public TrappedObject {
 
 // All but what was written between the braces, and where.
 inline void clsObSpecialVar::clearContent() noexcept {
-  contentString_.clear();
+  shortSize_ = 0;
   contentNumeric_ = {};
-  contentDate_ = kFirstOfJanuary1900;
-  contentBool_ = false;
-  contentEnum_.clear();
   typeField_ = TFR_String;
-  textToWrite_.clear();
   parenthesisIfNegative_ = false;
   lineOfRepeatToPrint_ = false;
   endOfRepeatPrintLine_ = true;
   printLine_ = true;
+  if (holdsMore_) clearRest();
+}
+
+inline void clsObSpecialVar::clearRest() noexcept {
+  contentDate_ = kFirstOfJanuary1900;
+  contentBool_ = false;
+  contentEnum_.clear();
+  textToWrite_.clear();
+  textLine_ = nullptr;
+  holdsMore_ = false;
 }
 
 inline ParsedAttributes& clsObSpecialVar::ownAttributes() noexcept {
@@ -484,18 +542,20 @@ inline bool clsObSpecialVar::hasContentOf(const SettledValue& value) const noexc
     case TFR_Date:
       return contentDate_ == value.date;
     case TFR_String:
-      return TextEqual()(contentString_, value.text);
+      return TextEqual()(contentText(), value.text);
     default:
       return false;
   }
 }
 
-inline void clsObSpecialVar::takeParsed(const ParsedVariable& parsed, std::int16_t posBegin) {
+inline void clsObSpecialVar::takeParsed(const ParsedVariable& parsed, std::int16_t posBegin,
+                                        const clsObLineCharacts* taker) {
   clearContent();
   take(parsed);
   size_ = parsed.size;
   posBegin_ = posBegin;
   posEnd_ = static_cast<std::int16_t>(posBegin + size_ + 1);
+  takenBy_ = taker;
 }
 
 }  // namespace tarvo

@@ -14,10 +14,13 @@ constexpr std::size_t kLongestKept = 255;
 }  // namespace
 
 void clsObSpecialVar::SetContentString(TextView valValue) try {
-  if (contentString_.empty()) {
-    contentString_.append(valValue);
+  // It may be the present content.
+  if (valValue.size() <= kShort) {
+    Text::traits_type::move(shortContent_.data(), valValue.data(), valValue.size());
+    shortSize_ = valValue.size();
   } else {
-    contentString_ = valValue;  // it may be the present content
+    contentString_ = valValue;
+    shortSize_ = kIsLong;
   }
   typeField_ = TFR_String;
   align(read_->ofText, eAT_Left);
@@ -25,7 +28,16 @@ void clsObSpecialVar::SetContentString(TextView valValue) try {
   trap("SetContentString");
 }
 
+const Text& clsObSpecialVar::GetContentString() const {
+  if (shortSize_ != kIsLong) {
+    contentString_.assign(contentText());
+    shortSize_ = kIsLong;
+  }
+  return contentString_;
+}
+
 void clsObSpecialVar::SetContentDate(Date valValue) try {
+  holdsMore_ = true;
   contentDate_ = valValue;
   typeField_ = TFR_Date;
 } catch (...) {
@@ -33,6 +45,7 @@ void clsObSpecialVar::SetContentDate(Date valValue) try {
 }
 
 void clsObSpecialVar::SetContentEnum(TextView valValue) try {
+  holdsMore_ = true;
   contentEnum_ = valValue;
   typeField_ = TFR_Enum;
 } catch (...) {
@@ -40,6 +53,7 @@ void clsObSpecialVar::SetContentEnum(TextView valValue) try {
 }
 
 void clsObSpecialVar::SetContentBoolean(bool valValue) try {
+  holdsMore_ = true;
   contentBool_ = valValue;
   typeField_ = TFR_Boolean;
 } catch (...) {
@@ -82,9 +96,10 @@ std::int16_t clsObSpecialVar::elementToTake(std::int16_t indexPosition, bool doF
 
 void clsObSpecialVar::keepIn(SettledValue& value) const {
   if (typeField_ == TFR_String) {
-    if (contentString_.size() > kLongestKept) return;
+    const TextView text = contentText();
+    if (text.size() > kLongestKept) return;
     value.text.clear();
-    value.text.append(contentString_);
+    value.text.append(text);
   }
   value.form = SettledValue::Form::kText;
   value.kind = typeField_;
@@ -97,7 +112,7 @@ void clsObSpecialVar::keepIn(SettledValue& value) const {
 bool clsObSpecialVar::fIsEmpty() try {
   switch (typeField_) {
     case TFR_String:
-      return contentString_.empty();
+      return contentText().empty();
     case TFR_Numeric:
       return contentNumeric_ == Currency{};
     case TFR_Date: {

@@ -53,6 +53,8 @@ inline bool clsObSpecialVar::mustBeAligned() const noexcept {
 }
 
 void clsObSpecialVar::sFormatSpecialVar() try {
+  takeOwedText();
+  holdsMore_ = true;
   switch (typeField_) {
     case TFR_Numeric:
       sFormatNumber();
@@ -135,16 +137,17 @@ void clsObSpecialVar::sFormatDate() try {
 }
 
 void clsObSpecialVar::sFormatString() try {
+  const TextView text = contentText();
   if (a_->length == 0) {
-    textToWrite_ = contentString_;
-  } else if (a_->repeatCharsUntilFill && contentString_.size() == 1) {
-    texto()->fRepeat(contentString_, a_->length, textToWrite_);
+    textToWrite_ = text;
+  } else if (a_->repeatCharsUntilFill && text.size() == 1) {
+    texto()->fRepeat(text, a_->length, textToWrite_);
   } else if (mayBypassTexto()) {
     textToWrite_.clear();
-    textToWrite_.append(contentString_, 0, a_->length);
+    textToWrite_.append(text.substr(0, a_->length));
     fillUpToLength();
   } else {
-    texto()->fPadOrCut(contentString_, a_->length, kBlank, textToWrite_);
+    texto()->fPadOrCut(text, a_->length, kBlank, textToWrite_);
   }
 } catch (...) {
   trap("sFormatString");
@@ -205,6 +208,8 @@ void clsObSpecialVar::fillUpToLength() {
 }
 
 void clsObSpecialVar::sAlignTextToWrite() try {
+  takeOwedText();
+  holdsMore_ = true;
   if (!mustBeAligned()) return;
   if (mayBypassTexto() && alignInPlace()) return;
   alignThroughService();

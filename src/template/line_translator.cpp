@@ -1,5 +1,7 @@
 #include "template/line_translator.h"
 
+#include <utility>
+
 #include "frame/borrowed.h"
 #include "frame/checked.h"
 #include "template/text_parts.h"
@@ -20,15 +22,15 @@ bool isComment(TextView line) {
 
 void LineTranslator::translate(Ref<clsObLineCharacts>& line, TextView templateLine,
                                VariableSource& source) {
-  const Ref<clsObLineCharacts> held = line;
-  if (const Ref<TemplateLine> known = lineOf(templateLine); known) {
+  Ref<clsObLineCharacts> held = line;
+  if (TemplateLine* const known = lineOf(templateLine); known != nullptr) {
     if (known->isComment()) return takeKnownComment(*held, *known);
-    held->beginTranslation(known);
+    held->beginTranslation(*known);
   } else {
     held->SetTextToWrite(templateLine);
     if (takeComment(*held, templateLine)) return;
   }
-  resolveVariables(line, source);
+  resolveVariables(line, std::move(held), source);
 }
 
 void LineTranslator::takeKnownComment(clsObLineCharacts& line, const TemplateLine& comment) {
@@ -53,15 +55,14 @@ inline void LineTranslator::askSource(Ref<clsObLineCharacts>& line, VariableSour
   source.notFound(*line);
 }
 
-void LineTranslator::resolveVariables(Ref<clsObLineCharacts>& line, VariableSource& source) {
-  Ref<clsObLineCharacts> held = line;
+// `held`: the same line object.
+void LineTranslator::resolveVariables(Ref<clsObLineCharacts>& line, Ref<clsObLineCharacts> held,
+                                      VariableSource& source) {
   clsObLineCharacts* current = &*held;
   for (std::int16_t count = 0; current->holdsVariable();
        count = checkedAdd(count, std::int16_t{1})) {
-    current->extractNextVariable();
-    if (current->isKnownToBeClients() || !giveLibrarysValue(*current, source)) {
-      askSource(line, source);
-    }
+    const bool isClients = current->extractNextVariable();
+    if (isClients || !giveLibrarysValue(*current, source)) askSource(line, source);
     if (current != line.get()) {  // the source has put another one there
       held = line;
       current = &*held;
@@ -72,6 +73,7 @@ void LineTranslator::resolveVariables(Ref<clsObLineCharacts>& line, VariableSour
 
 // False: the variable is neither a control word nor a constant.
 bool LineTranslator::giveLibrarysValue(clsObLineCharacts& line, VariableSource& source) {
+  if (line.givesKnownText()) return true;
   Borrowed<Text> content(content_);
   const Ref<clsObSpecialVar> variable = line.GetSpecialVar();
   const Text* value = line.applyControlWord(*content);
@@ -85,14 +87,15 @@ bool LineTranslator::giveLibrarysValue(clsObLineCharacts& line, VariableSource& 
 }
 
 // Null: the line is to be taken as it comes, for the text service is asked about every step of it,
-// or its braces do not come in pairs.
-Ref<TemplateLine> LineTranslator::lineOf(TextView text) {
-  forgetUnlessServicesAreTheSame();
-  if (!services_.mayBypassTexto() || text.size() > kLongestLine) return {};
+// or its braces do not come in pairs.  Valid until the next line is looked for.
+TemplateLine* LineTranslator::lineOf(TextView text) {
+  if (!services_.areTheSame()) forgetLines();
+  if (!services_.mayBypassTexto() || text.size() > kLongestLine) return nullptr;
   // A line that comes again mostly comes from the same place.
   Ref<TemplateLine>& recent = recent_[reinterpret_cast<std::uintptr_t>(text.data()) / 16 % kRecent];
-  if (!recent || !TextEqual()(recent->text(), text)) recent = findOrMake(text);
-  return recent->isRegular() || recent->isComment() ? recent : Ref<TemplateLine>();
+  if (!recent || !TextEqual()(recent.get()->text(), text)) recent = findOrMake(text);
+  TemplateLine* const known = recent.get();
+  return known->isRegular() || known->isComment() ? known : nullptr;
 }
 
 Ref<TemplateLine> LineTranslator::findOrMake(TextView text) {
@@ -104,8 +107,7 @@ Ref<TemplateLine> LineTranslator::findOrMake(TextView text) {
   return found->second;
 }
 
-void LineTranslator::forgetUnlessServicesAreTheSame() {
-  if (services_.areTheSame()) return;
+void LineTranslator::forgetLines() {
   lines_.clear();
   recent_.fill({});
 }

@@ -49,12 +49,13 @@ class LineTranslator {
   static constexpr std::size_t kRecent = 64;
   static constexpr std::size_t kLongestLine = 4096;  // longer ones are not kept
 
-  void forgetUnlessServicesAreTheSame();
-  Ref<TemplateLine> lineOf(TextView text);
+  void forgetLines();
+  TemplateLine* lineOf(TextView text);
   Ref<TemplateLine> findOrMake(TextView text);
   static void takeKnownComment(clsObLineCharacts& line, const TemplateLine& comment);
   bool takeComment(clsObLineCharacts& line, TextView templateLine);
-  void resolveVariables(Ref<clsObLineCharacts>& line, VariableSource& source);
+  void resolveVariables(Ref<clsObLineCharacts>& line, Ref<clsObLineCharacts> held,
+                        VariableSource& source);
   bool giveLibrarysValue(clsObLineCharacts& line, VariableSource& source);
   void askSource(Ref<clsObLineCharacts>& line, VariableSource& source);
 

@@ -12,7 +12,31 @@ class ServicesSeen {
  public:
   // Looks at the present ones: whether they are those of the last look.
   bool areTheSame() {
-    if (services_ == nullptr) services_ = &modRDPGlobalValues::ofThisThread();
+    if (services_ != nullptr && arePresent()) return true;
+    return isNothingNew();
+  }
+
+  // The same question without a new look.  REQUIRES: there was a look.
+  bool arePresent() const noexcept {
+    return services_->refInsTexto == texto_ && services_->refInsConvert == convert_ &&
+           services_->refInsUtilDate == dates_ && services_->refInsUtilMathOperations == math_;
+  }
+
+  // The present printer channel; null when there is none.  REQUIRES: there was a look.
+  const clsUtilImp* printer() const noexcept { return services_->refInsImp.get(); }
+
+  // Of the last look.  A service that is missing is missed where it is asked.
+  bool mayBypassTexto() const noexcept { return mayBypassTexto_; }
+  bool mayBypassAll() const noexcept { return mayBypassAll_; }
+
+  // Of the last look, and not of a present one.  REQUIRES: putsFields().
+  bool putsFields() const noexcept { return putsFields_; }
+  clsConvert& numbers() const noexcept { return *convert_.get(); }
+
+ private:
+  // Looks thoroughly.
+  [[gnu::noinline]] bool isNothingNew() {
+    services_ = &modRDPGlobalValues::ofThisThread();
     if (arePresent()) return true;
     texto_ = services_->refInsTexto;
     convert_ = services_->refInsConvert;
@@ -24,21 +48,6 @@ class ServicesSeen {
     return false;
   }
 
-  // The same question without a new look.  REQUIRES: there was a look.
-  bool arePresent() const noexcept {
-    return services_->refInsTexto == texto_ && services_->refInsConvert == convert_ &&
-           services_->refInsUtilDate == dates_ && services_->refInsUtilMathOperations == math_;
-  }
-
-  // Of the last look.  A service that is missing is missed where it is asked.
-  bool mayBypassTexto() const noexcept { return mayBypassTexto_; }
-  bool mayBypassAll() const noexcept { return mayBypassAll_; }
-
-  // Of the last look, and not of a present one.  REQUIRES: putsFields().
-  bool putsFields() const noexcept { return putsFields_; }
-  clsConvert& numbers() const noexcept { return *convert_.get(); }
-
- private:
   template <class Service>
   static bool mayBypass(const Ref<Service>& service) noexcept {
     return service && service->mayBeBypassed();

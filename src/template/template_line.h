@@ -52,6 +52,9 @@ class TemplateLine final : public Object {
   // Whether the present services are those with which it is read.
   bool isOfPresentServices() const { return services_.arePresent(); }
 
+  // The present printer channel; null when there is none.
+  const clsUtilImp* printer() const noexcept { return services_.printer(); }
+
   // Whether a value that is known need not be formatted again.
   bool mayKeepValues() const noexcept { return services_.mayBypassAll(); }
   // And whether such values stand in the image.
@@ -83,6 +86,15 @@ class TemplateLine final : public Object {
     if (hasDueFields_) writeDueFields(variable);
     return image_;
   }
+
+  // --- Once every variable is settled.
+
+  // The line as it comes out.
+  const Text& whole() { return variables_.empty() ? text_ : imageUpTo(variablesEnd_); }
+
+  // The last variable's value, which stands at `at`, and its characters.
+  TextView lastValue(std::size_t at) { return TextView(whole()).substr(at, lastSize()); }
+  std::size_t lastSize() const noexcept { return variables_.back().valueSize; }
 
   // Between the values: the line's own text from `begin` to `end` stands at `at`.
   void putText(std::size_t at, std::size_t begin, std::size_t end);

@@ -1,5 +1,6 @@
 // Values that take exactly their variable's length are put into the line at once, and numbers even
 // later, when somebody looks at the line: neither is seen, however often nobody looks.
+#include <functional>
 #include <limits>
 #include <random>
 
@@ -160,6 +161,144 @@ TEST_F(Fields, AreInALineThatIsLeftHalfDone) {
   failingCall = 2;
   world.translate(u"<{A,6}|{B,6}|{C,6}>", giveNumber);
   EXPECT_EQ(toUtf8(world.line->GetTextToWrite()), "<  3,00|{B,6}|{C,6}>");
+}
+
+// --- The last variable's text, which stays in the line until somebody asks for it.
+
+// Gives the numbers from `first` on, often enough for values to be kept; nobody looks.
+void translateUnseen(TranslationWorld& world, TextView line, int first = 1) {
+  const SourceAction giveNumber = [first](Ref<clsObLineCharacts>& each, int call, auto&) {
+    each->GetSpecialVar()->SetContentNumeric(Currency::ofUnits(first + call - 1), false);
+    return true;
+  };
+  CallLog log;
+  for (int i = 0; i < 3; ++i) {
+    RecordingSource source(world, log, giveNumber);
+    world.useServices();
+    world.line->sClrRecord();
+    world.translator.translate(world.line, line, source);
+  }
+}
+
+TEST_F(Fields, LeaveTheirTextInTheVariableWhateverHappensToTheLine) {
+  constexpr TextView kLine = u"<{A,6}|{B,7}>";
+  const struct {
+    const char* what;
+    std::function<void(TranslationWorld&)> happens;
+  } cases[] = {
+      {"nothing", [](TranslationWorld&) {}},
+      {"a text", [](TranslationWorld& w) { w.line->SetTextToWrite(u"other"); }},
+      {"a look", [](TranslationWorld& w) { w.line->GetTextToPrint(); }},
+      {"another variable",
+       [](TranslationWorld& w) { w.line->SetSpecialVar(make<clsObSpecialVar>()); }},
+      {"another variable and record",
+       [](TranslationWorld& w) {
+         w.line->SetSpecialVar(make<clsObSpecialVar>());
+         w.line->sClrRecord();
+       }},
+      {"the same line elsewhere",
+       [=](TranslationWorld& w) {
+         std::swap(w.line, w.other);
+         translateUnseen(w, kLine, 8);
+       }},
+      {"its end", [](TranslationWorld& w) { w.line = nullptr; }},
+      {"alignment", [](TranslationWorld& w) { w.line->GetSpecialVar()->sAlignTextToWrite(); }},
+  };
+  for (const auto& each : cases) {
+    SCOPED_TRACE(each.what);
+    TranslationWorld world(TranslationWorld::kAllBypassed);
+    translateUnseen(world, kLine);
+    const Ref<clsObSpecialVar> variable = world.line->GetSpecialVar();
+    each.happens(world);
+    EXPECT_EQ(toUtf8(variable->GetTextToWrite()), "   2,00");
+  }
+}
+
+TEST_F(Fields, LeaveNoTextInAClearedVariable) {
+  TranslationWorld world(TranslationWorld::kAllBypassed);
+  translateUnseen(world, u"{A,6}{B,7}");
+  world.line->GetSpecialVar()->sClrObject();
+  EXPECT_EQ(toUtf8(world.line->GetSpecialVar()->GetTextToWrite()), "");
+  translateUnseen(world, u"{A,6}{B,7}");
+  world.line->sClrRecord();
+  EXPECT_EQ(toUtf8(world.line->GetSpecialVar()->GetTextToWrite()), "");
+  translateUnseen(world, u"{A,6}{B,7}");
+  world.line->GetSpecialVar()->SetTextToWrite(u"text");
+  EXPECT_EQ(toUtf8(world.line->GetSpecialVar()->GetTextToWrite()), "text");
+  EXPECT_EQ(toUtf8(world.line->GetTextToWrite()), "  1,00   2,00");
+}
+
+TEST_F(Fields, ArePrintedWithoutALook) {
+  for (const TextView line : {u"{A,6}|{B,7}.", u"{A}{B}", u"{NEGRA}{A,9}{BLANCA}", u"none", u""}) {
+    SCOPED_TRACE(toUtf8(line));
+    TranslationWorld world(TranslationWorld::kAllBypassed);
+    translateUnseen(world, line);
+    const Text printed(world.line->textToPrint());
+    EXPECT_EQ(toUtf8(printed), toUtf8(world.line->GetTextToPrint()));
+    EXPECT_EQ(toUtf8(world.line->textToPrint()), toUtf8(printed));
+    translateUnseen(world, line);
+    world.line->SetLineToWriteEmpty(true);
+    EXPECT_EQ(toUtf8(world.line->textToPrint()), "");
+    EXPECT_EQ(toUtf8(world.line->GetTextToWrite()), toUtf8(printed));
+  }
+}
+
+// A client that translates the very line for which it is asked, and looks at nothing.
+TEST_F(Fields, AreNotMixedUpByALineWithinItself) {
+  for (const TextView within : {u"<{A,6}|{B,7}|{C,5}>", u"{A,4}", u"{D,10}{E,10,QR}{F,8}", u""}) {
+    SCOPED_TRACE(toUtf8(within));
+    Worlds worlds;
+    for (int turn = 0; turn < 6; ++turn) {
+      const SourceAction outer = [=](Ref<clsObLineCharacts>& line, int call,
+                                     TranslationWorld& world) {
+        line->GetSpecialVar()->SetContentNumeric(Currency::ofUnits(call), false);
+        if (turn < 3 || call != 2) return true;
+        const SourceAction inner = [](Ref<clsObLineCharacts>& same, int innerCall, auto&) {
+          if (innerCall == 3) {
+            same->GetSpecialVar()->SetContentDate(Date{45'000});
+          } else {
+            same->GetSpecialVar()->SetContentString(u"in");
+          }
+          return true;
+        };
+        RecordingSource source(world, world.seen, inner);
+        world.translator.translate(line, within, source);
+        return true;
+      };
+      worlds.expectSame(u"<{A,6}|{B,7}|{C,5}>", outer);
+    }
+  }
+}
+
+// --- A text that was given, of any length, and of the variable's own.
+
+TEST_F(Fields, AreMadeOfTextsOfAnyLength) {
+  const TranslationWorld world(TranslationWorld::kAllBypassed);
+  const auto variable = make<clsObSpecialVar>();
+  const auto expectContent = [&](const Text& expected) {
+    EXPECT_FALSE(expected.empty() ? !variable->fIsEmpty() : variable->fIsEmpty());
+    variable->sFormatSpecialVar();
+    EXPECT_EQ(toUtf8(variable->GetTextToWrite()), toUtf8(expected));
+    EXPECT_EQ(toUtf8(variable->GetContentString()), toUtf8(expected));
+  };
+  Text letters;
+  for (int i = 0; i < 300; ++i) letters.push_back(static_cast<char16_t>(u'a' + i % 26));
+  for (const std::size_t before : {0U, 3U, 64U, 65U, 300U}) {
+    for (const std::size_t size : {0U, 1U, 63U, 64U, 65U, 255U, 256U, 300U}) {
+      SCOPED_TRACE(std::to_string(before) + " then " + std::to_string(size));
+      variable->SetContentString(TextView(letters).substr(0, before));
+      variable->SetContentString(TextView(letters).substr(0, size));
+      expectContent(letters.substr(0, size));
+      variable->SetContentString(variable->GetContentString());
+      expectContent(letters.substr(0, size));
+      const std::size_t half = size / 2;
+      variable->SetContentString(TextView(variable->GetContentString()).substr(half));
+      expectContent(letters.substr(half, size - half));
+      variable->SetContentString(letters);
+      variable->sClrObject();
+      expectContent({});
+    }
+  }
 }
 
 // --- The service's side: the field is the text that the operations of the core library give.

@@ -35,7 +35,7 @@ class Client {
     ++run_.callbacks;
     if (run_.output.failure()) endReport(tarvo::kDeviceError, *run_.output.failure());
     try {
-      const auto answer = action();
+      auto answer = action();
       if (run_.trace.isOn()) trace(Trace::Json(answer));
       return answer;
     } catch (const Mistake& wrong) {
