@@ -15,6 +15,7 @@ import tempfile
 import unittest
 
 PROJECT = pathlib.Path(__file__).resolve().parents[2]
+HERE = pathlib.Path(__file__).resolve().parent
 SAMPLES = PROJECT / "samples/trading"
 DATABASE = SAMPLES / "trading.sqlite"
 AMOUNT = r"-?[\d.]+,\d\d"
@@ -45,6 +46,7 @@ class Demo(unittest.TestCase):
     def pages_of(self, printed):
         """The pages as lists of lines, read from the bytes alone."""
         data = (self.folder / printed).read_bytes()
+        data = re.sub(rb"\x1bA\x01[\r\n]*\x1b2", b"", data)  # a skip of points is no line
         data = re.sub(rb"\x1b[W-].|\x1b[@EFPM245]|\x1bA.|[\x0f\x12\r]", b"", data, flags=re.DOTALL)
         return [page.split("\n") for page in data.decode("cp437").split("\f")[:-1]]
 
@@ -124,6 +126,34 @@ class Demo(unittest.TestCase):
                          net)
         self.assertIn(f"Trabajador: {name} ", "\n".join(front))
         self.assertIn(f"Yo, {name}, titular", "\n".join(back))
+
+    def text_pages(self, printed):
+        """The pages as the program's own text form has them."""
+        text = subprocess.run([self.program, "view", self.folder / printed, "--profile",
+                               "epson-9pin", "--text"], capture_output=True, text=True, timeout=120,
+                              check=True).stdout
+        return [page.rstrip("\n").split("\n") for page in text.rstrip("\f\n").split("\f")]
+
+    def test_the_text_form_gives_back_the_lines_that_were_printed(self):
+        def without_blanks(pages):
+            return ["\n".join(line.rstrip() for line in page).rstrip("\n") for page in pages]
+
+        for printed in ("invoice.prn", "payroll.prn", "payroll.prn.2", "ledger.prn"):
+            with self.subTest(printed):
+                self.assertEqual(without_blanks(self.text_pages(printed)),
+                                 without_blanks(self.pages_of(printed)))
+
+    def test_the_pages_are_those_that_somebody_has_looked_at(self):
+        for printed, pages in (("invoice.prn", 4), ("payroll.prn", 1), ("payroll.prn.2", 1),
+                               ("ledger.prn", 2)):
+            with self.subTest(printed):
+                text = "\f".join("\n".join(page) + "\n"
+                                 for page in self.text_pages(printed)[:pages])
+                golden = HERE / "golden" / f"{printed}.txt"
+                if os.environ.get("TARVO_UPDATE_GOLDENS") == "1":
+                    golden.write_text(text, "utf-8")
+                    self.fail(f"{golden} was written anew: look at it, and run again")
+                self.assertEqual(text, golden.read_text("utf-8"))
 
     def test_there_are_pictures_of_the_pages(self):
         names = sorted(path.name for path in self.folder.iterdir())

@@ -89,9 +89,10 @@ std::string classSection(const ClassInfo& info) {
   for (std::size_t i = 0; i < info.members.size(); ++i) {
     const MemberInfo& member = info.members[i];
     if (i + 1 < info.members.size() && isProperty(member, info.members[i + 1])) {
-      const std::string name = member.name;
-      text +=
-          row("Get" + name + ", Set" + name + " As " + visualBasicName(member.result), member.help);
+      std::string both = "Get";
+      both.append(member.name).append(", Set").append(member.name);
+      both.append(" As ").append(visualBasicName(member.result));
+      text += row(both, member.help);
       ++i;
     } else {
       text += row(declaration(member), member.help);

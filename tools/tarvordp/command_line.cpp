@@ -29,6 +29,15 @@ std::string version() {
          std::to_string(tarvo::kVersionMinor) + "." + std::to_string(tarvo::kVersionRevision);
 }
 
+// The library would only say that a command is required.
+void checkCommand(const CLI::App& program, int argc, const char* const* argv) {
+  if (argc < 2 || argv[1][0] == '-') return;
+  const auto isMeant = [&](const CLI::App* command) { return command->check_name(argv[1]); };
+  if (program.get_subcommands(isMeant).empty()) {
+    throw Mistake(std::string("there is no command \"") + argv[1] + "\": see tarvordp --help");
+  }
+}
+
 int tell(Console& console, const std::exception& failure, int status) {
   console.err << "tarvordp: " << failure.what() << '\n';
   return status;
@@ -49,12 +58,16 @@ int run(int argc, const char* const* argv, Console& console) {
   addProfilesCommand(program, console, status);
   addTestPageCommand(program, console, status);
   try {
+    checkCommand(program, argc, argv);
     program.parse(argc, argv);
   } catch (const CLI::ParseError& failure) {
-    const bool wrong = program.exit(failure, console.out, console.err) != 0;
-    return wrong ? kWrongInput : kDone;
+    if (program.exit(failure, console.out, console.err) != 0) return kWrongInput;
   } catch (const Mistake& mistake) {
     return tell(console, mistake, kWrongInput);
+  }
+  if (!console.out.flush()) {
+    console.err << "tarvordp: the standard output was not written whole\n";
+    return kRunTimeError;
   }
   return status;
 }

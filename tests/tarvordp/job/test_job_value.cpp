@@ -64,6 +64,8 @@ constexpr WrongCase kWrong[] = {
     {R"({"date": "2026-02-30"})", "j: /date: \"2026-02-30\" is no day of the calendar"},
     {R"({"number": true})", "j: /number: must be a text, not true or false"},
     {R"({"number": "doce"})", "j: /number: \"doce\" is no number"},
+    {R"({"lines": [1,2,3,4,5,6,7,8,9,10,11,12]})",
+     "j: /lines: must have at most 11 texts: the library reads no more of a long text"},
     {R"({"number": "1", "parenthesis": "yes"})",
      "j: /parenthesis: must be true or false, not a text"},
     {R"({"number": "1", "paréntesis": true})", "j: /paréntesis: unknown key \"paréntesis\""},

@@ -201,7 +201,10 @@ TEST_F(QueryTest, ADatabaseThatIsMissingBrokenOrAFolderIsTold) {
   EXPECT_EQ(mistakeOfOpening("/tmp"), "j: /sqlite: /tmp: is a folder, no database");
   EXPECT_THAT(mistakeOfOpening((folder_.path() / "broken.db").string()),
               EndsWith("broken.db: file is not a database"));
-  std::filesystem::resize_file(path_, 3000);
+  std::filesystem::resize_file(path_, std::filesystem::file_size(path_) - 100);
+  EXPECT_THAT(mistakeOf([&] { open(); }),
+              EndsWith("d.db: the database is not whole: its last page is torn"));
+  std::filesystem::resize_file(path_, 4096);
   EXPECT_THAT(mistakeIn("SELECT * FROM t"), HasSubstr("database disk image is malformed"));
 }
 

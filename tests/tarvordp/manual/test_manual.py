@@ -32,6 +32,25 @@ class Manual(unittest.TestCase):
         for name in COMMANDS:
             self.assertRegex(said, rf"(?m)^\s+{name}\s+\S")
 
+    def test_wrong_command_lines_are_told(self):
+        for words, said in (((), "A subcommand is required"),
+                            (("prnt", "x"), 'there is no command "prnt"'),
+                            (("view", "x"), "--profile is required"),
+                            (("view", "x", "--profile", "plain", "--pgn", "y"), "--pgn")):
+            result = subprocess.run([self.program, *words], capture_output=True, text=True,
+                                    timeout=60, check=False)
+            with self.subTest(words):
+                self.assertEqual((result.returncode, result.stdout), (2, ""))
+                self.assertIn(said, result.stderr)
+
+    def test_a_full_disk_is_told(self):
+        for words in (("--help",), ("profiles",), ("profiles", "plain")):
+            with self.subTest(words), open("/dev/full", "wb") as full:
+                result = subprocess.run([self.program, *words], stdout=full, timeout=60,
+                                        stderr=subprocess.PIPE, text=True, check=False)
+                self.assertEqual(result.returncode, 3)
+                self.assertIn("was not written whole", result.stderr)
+
     def test_the_manual_describes_every_option_and_no_other(self):
         page = (self.project / "tools/tarvordp/tarvordp.1").read_text("utf-8").replace("\\-", "-")
         described = page[page.index(".SH OPTIONS"):page.index(".SH EXIT STATUS")]
@@ -63,6 +82,7 @@ class Manual(unittest.TestCase):
         self.assertEqual(self.complete("tarvordp", "p"), {"print", "profiles"})
         self.assertEqual(self.complete("tarvordp", "view", "x", "--profile", "o"),
                          {"oki-microline"})
+        self.assertEqual(len(self.complete("tarvordp", "view", "x", "--profile", "")), 5)
         self.assertEqual(self.complete("tarvordp", "print", "inv"), {"invoice.json"})
         self.assertIn("plantillas/FACTURA.ID",
                       self.complete("tarvordp", "check", "plantillas/F"))

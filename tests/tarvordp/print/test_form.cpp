@@ -5,6 +5,7 @@
 namespace tarvordp {
 namespace {
 
+using testing::EndsWith;
 using testing::HasSubstr;
 using testing::StartsWith;
 
@@ -85,6 +86,15 @@ TEST_F(FormTest, ADraftWithoutAScreenIsSavedUnderItsTitleAndNoFileIsLost) {
   EXPECT_THAT(contentOf("Planilla.2.pdf"), StartsWith("%PDF-"));
 }
 
+TEST_F(FormTest, ADraftWithoutATemplateLeavesWhatWasSavedBefore) {
+  writeForm(R"(, "output": "draft")");
+  write("j.json", R"({"report": "form", "title": "Planilla", "directory": ".", "draft": "NADA",
+                      "output": "draft", "profile": {"PrinterName": "file:x"}})");
+  write("draft.pdf", "an older one");
+  EXPECT_EQ(print({"--save", pathOf("draft.pdf")}).status, kNotPrinted);
+  EXPECT_EQ(contentOf("draft.pdf"), "an older one");
+}
+
 TEST_F(FormTest, ADraftThatDoesNotArriveIsARunTimeError) {
   writeForm(R"(, "output": "draft")");
   const test::Outcome outcome = print({"--save", "/dev/full"});
@@ -118,6 +128,8 @@ TEST_F(FormTest, WithoutAProfileThereIsNoPrinter) {
   const test::Outcome outcome = print();
   EXPECT_EQ(outcome.status, kNotPrinted);
   EXPECT_THAT(outcome.err, StartsWith("[Imprimir Planilla] Aún no ha sido escogida la impresora."));
+  EXPECT_THAT(outcome.err,
+              EndsWith("tarvordp: give a printer's name with --printer, or in the profile\n"));
 }
 
 TEST_F(FormTest, AMissingTemplateIsASheetLess) {

@@ -1,5 +1,8 @@
 // Output that does not arrive whole.
+#include <signal.h>
+
 #include <algorithm>
+#include <utility>
 
 #include "print_testing.h"
 #include "tarvordp/print/output_spooler.h"
@@ -43,10 +46,10 @@ TEST_F(OutputTest, AFullDiskEndsALongReportAtOnce) {
   EXPECT_LT(std::ranges::count(trace, '\n'), 9'000) << "three records in four were left out";
 }
 
-// Takes so many bytes, then none any more.
+// Takes so many bytes, then none any more; or gets a signal then, and takes all others.
 class SmallDisk final : public tarvo::Spooler {
  public:
-  explicit SmallDisk(std::size_t room) : room_(room) {}
+  explicit SmallDisk(std::size_t room, int signalThen = 0) : room_(room), signalThen_(signalThen) {}
 
   bool openPrinter(tarvo::TextView name, tarvo::PrinterHandle& handle) override {
     return files_->openPrinter(name, handle);
@@ -59,7 +62,13 @@ class SmallDisk final : public tarvo::Spooler {
   bool write(tarvo::PrinterHandle handle, std::string_view bytes) override {
     const std::size_t taken = std::min(room_, bytes.size());
     room_ -= taken;
-    isFull_ = isFull_ || taken < bytes.size();
+    const bool isNews = !isFull_ && taken < bytes.size();
+    if (isNews && signalThen_ != 0) {
+      room_ = kPlenty;
+      raise(std::exchange(signalThen_, 0));
+      return files_->write(handle, bytes);
+    }
+    isFull_ = isFull_ || isNews;
     return files_->write(handle, bytes.substr(0, taken)) && !isFull_;
   }
   bool endPage(tarvo::PrinterHandle handle) override { return files_->endPage(handle); }
@@ -70,20 +79,23 @@ class SmallDisk final : public tarvo::Spooler {
   std::int32_t lastError() const noexcept override { return isFull_ ? 28 : files_->lastError(); }
 
  private:
+  static constexpr std::size_t kPlenty = 1'000'000'000;
+
   tarvo::Ref<tarvo::Spooler> files_ = tarvo::makeSpooler();
   std::size_t room_;
+  int signalThen_;
   bool isFull_ = false;
 };
 
 class SmallDiskTest : public OutputTest {
  protected:
-  test::Outcome printOn(std::size_t room) {
+  test::Outcome printOn(std::size_t room, int signalThen = 0) {
     std::ostringstream out;
     std::ostringstream err;
     Console console{out, err};
     PrintOptions options;
     options.job = pathOf("j.json");
-    const int status = printJob(options, console, {tarvo::make<SmallDisk>(room)});
+    const int status = printJob(options, console, {tarvo::make<SmallDisk>(room, signalThen)});
     return {status, out.str(), withoutFolder(err.str())};
   }
 };
@@ -101,6 +113,19 @@ TEST_F(SmallDiskTest, AFileThatIsNotWholeIsRemoved) {
   }
   EXPECT_EQ(printOn(1'000'000).status, kDone);
   EXPECT_TRUE(has("out.prn"));
+}
+
+TEST_F(SmallDiskTest, AnInterruptedReportLeavesNoHalfFile) {
+  writeLongReport();
+  for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+    const test::Outcome outcome = printOn(5'000, signal);
+    EXPECT_EQ(outcome.status, kRunTimeError) << signal;
+    EXPECT_EQ(outcome.err,
+              "tarvordp: interrupted\ntarvordp: out.prn was not whole and was removed\n")
+        << signal;
+    EXPECT_FALSE(has("out.prn")) << signal;
+  }
+  EXPECT_EQ(printOn(1'000'000).status, kDone) << "it is forgotten afterwards";
 }
 
 TEST_F(SmallDiskTest, AfterASheetThatFailedNoOtherIsBegun) {

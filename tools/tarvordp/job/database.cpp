@@ -37,6 +37,29 @@ Database::Database(const std::string& path, const JsonValue& where) : path_(path
   sqlite3_busy_timeout(handle, kPatience);
   run("BEGIN", where);
   run("SELECT count(*) FROM sqlite_master", where);
+  requireWhole(where);
+}
+
+namespace {
+
+std::int64_t numberOf(sqlite3* database, const char* question) {
+  sqlite3_stmt* made = nullptr;
+  sqlite3_prepare_v2(database, question, -1, &made, nullptr);
+  const std::int64_t number = sqlite3_step(made) == SQLITE_ROW ? sqlite3_column_int64(made, 0) : 0;
+  sqlite3_finalize(made);
+  return number;
+}
+
+}  // namespace
+
+// What the database's last page lacks would be read as zeros, without a word.
+void Database::requireWhole(const JsonValue& where) const {
+  std::error_code error;
+  const std::uintmax_t size = std::filesystem::file_size(path_, error);
+  const std::int64_t page = numberOf(handle_.get(), "PRAGMA page_size");
+  if (!error && page > 0 && size % static_cast<std::uintmax_t>(page) != 0) {
+    where.mistake(path_ + ": the database is not whole: its last page is torn");
+  }
 }
 
 void Database::run(const char* statement, const JsonValue& where) {

@@ -30,6 +30,7 @@ class Database {
     void operator()(sqlite3* handle) const noexcept { sqlite3_close_v2(handle); }
   };
 
+  void requireWhole(const JsonValue& where) const;
   void run(const char* statement, const JsonValue& where);
 
   std::string path_;

@@ -66,7 +66,13 @@ ArrayValue readArray(const JsonValue& written, KnownKeys& keys) {
   return value;
 }
 
+// What the library's helper reads of a long text (ui/clsLibTarvoRdp.h).
+constexpr std::size_t kMostLines = 11;
+
 LinesValue readLines(const JsonValue& written) {
+  if (written.asArray().elements().size() > kMostLines) {
+    written.mistake("must have at most 11 texts: the library reads no more of a long text");
+  }
   tarvo::ValueArray lines;
   for (const JsonValue& line : written.asArray().elements()) lines.emplace_back(textIn(line));
   lines.emplace_back(tarvo::Text());

@@ -8,6 +8,7 @@
 #include "tarvordp/job/amount.h"
 #include "tarvordp/job/answers.h"
 #include "tarvordp/mistake.h"
+#include "tarvordp/print/interruption.h"
 #include "template/clsObLineCharacts.h"
 
 namespace tarvordp {
@@ -34,6 +35,7 @@ class Client {
   auto callback(Action action, TraceAnswer trace) {
     ++run_.callbacks;
     if (run_.output.failure()) endReport(tarvo::kDeviceError, *run_.output.failure());
+    if (Interruption::isAskedFor()) endReport(tarvo::kDeviceError, "Interrupted");
     try {
       auto answer = action();
       if (run_.trace.isOn()) trace(Trace::Json(answer));

@@ -41,6 +41,7 @@ JobPages::JobPages(tarvo::Ref<tarvo::PageOutput> platform, const std::string& fi
 // `path`: the file that may come of it; empty: none.
 template <class Send>
 void JobPages::send(const tarvo::PagedText& pages, tarvo::TextView path, Send send) {
+  if (pages.rowsOnPage(0) == 0) return;  // and a file that was there stays there
   const std::string file = tarvo::toUtf8(path);
   std::error_code ignored;
   try {

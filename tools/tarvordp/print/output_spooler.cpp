@@ -41,7 +41,7 @@ OutputSpooler::OutputSpooler(tarvo::Ref<tarvo::Spooler> spooler, Trace& trace, s
     : spooler_(std::move(spooler)), trace_(trace), formFeed_(std::move(formFeed)) {}
 
 // Traces a call and gives its answer.
-bool OutputSpooler::traced(const char* call, bool answer, Trace::Json more) {
+bool OutputSpooler::traced(const char* call, bool answer, const Trace::Json& more) {
   ++calls_;
   if (!trace_.isOn()) return answer;
   Trace::Json event{{"event", "spooler"}, {"call", call}};

@@ -43,7 +43,7 @@ class OutputSpooler final : public tarvo::Spooler {
   std::uint64_t calls() const noexcept { return calls_; }
 
  private:
-  bool traced(const char* call, bool answer, Trace::Json event);
+  bool traced(const char* call, bool answer, const Trace::Json& event);
   bool watched(bool answer);
   void noteFile();
 

@@ -15,10 +15,10 @@ constexpr const char* kAbout =
 
 constexpr const char* kFooter =
     "Examples:\n"
-    "  tarvordp print invoice.json                              to the profile's printer\n"
+    "  tarvordp print invoice.json --printer LX-350             to a printer of the system\n"
     "  tarvordp print invoice.json --printer file:invoice.prn   into a file\n"
     "  tarvordp print invoice.json --printer file:- --copies 3 | less -R\n"
-    "  tarvordp print receipt.json --save receipt.pdf           a draft, as PDF\n"
+    "  tarvordp print receipt.json --printer LX-350 --save receipt.pdf   a draft, as PDF\n"
     "  tarvordp print invoice.json --set FACTURA.NUMERO=1043 --yes --trace calls.jsonl\n"
     "\n"
     "Exit status: 0 printed, 1 nothing or a sheet less was printed, 2 wrong arguments or job,\n"

@@ -10,6 +10,7 @@
 #include "services/all.h"
 #include "tarvordp/job/job_file.h"
 #include "tarvordp/mistake.h"
+#include "tarvordp/print/interruption.h"
 #include "tarvordp/print/job_messages.h"
 #include "tarvordp/print/job_pages.h"
 #include "tarvordp/print/job_report.h"
@@ -107,7 +108,9 @@ class Printing {
 
   ExitStatus ended(const tarvo::RunTimeError& error) {
     if (output_->failure()) return outputFailed();
-    if (run_.wasGivenUpAtPause) {
+    if (Interruption::isAskedFor()) {
+      tell("interrupted");
+    } else if (run_.wasGivenUpAtPause) {
       tell("the report was given up at a pause");
     } else {
       tell("run-time error " + std::to_string(error.number()) + ": " +
@@ -182,7 +185,11 @@ ExitStatus printJob(const PrintOptions& options, Console& console, PrintEquipmen
   Trace trace = options.trace ? Trace(*options.trace) : Trace();
   if (!equipment.spooler) equipment.spooler = tarvo::makeSpooler();
   Printing printing(options, console, profile, job, data, trace, progress, equipment.spooler);
+  const Interruption interruption;
   const ExitStatus status = printing.print();
+  if (status == kNotPrinted && profile.printerName.empty()) {
+    console.err << "tarvordp: give a printer's name with --printer, or in the profile\n";
+  }
   if (trace.isWhole()) return status;
   console.err << "tarvordp: " << trace.path() << ": the trace is not whole\n";
   return status == kDone ? kRunTimeError : status;
