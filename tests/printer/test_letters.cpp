@@ -85,7 +85,8 @@ TEST_F(PrinterLetters, WhatTheCodePageLacksIsAQuestionMarkAndShiftsNothing) {
 }
 
 TEST_F(PrinterLetters, TheEuroSignIsInTheCodePage) {
-  if (CodePage::ofSystem().decode(0x80) != u'\u20AC') GTEST_SKIP() << "not code page 1252";
+  if (CodePage::ofSystem().decode(0x80) != u'\u20AC')
+    GTEST_SKIP() << "the bytes are those of code page 1252";
   EXPECT_EQ(bytesOf(u"\u20AC"), "\x80");
 }
 
@@ -107,7 +108,7 @@ TEST_F(PrinterLetters, ControlCodesPassTheSameReplacement) {
 TEST_F(PrinterLetters, AreReplacedThroughTheTextService) {
   for (const Letter& row : kLetters) {
     if (CodePage::ofSystem().decode(row.byte) != CodePage::windows1252().decode(row.byte)) {
-      GTEST_SKIP() << "not code page 1252";
+      GTEST_SKIP() << "the bytes are those of code page 1252";
     }
   }
   channel->sWriteLn(u"a\u00F1o \u00E1\u00BA", 0);

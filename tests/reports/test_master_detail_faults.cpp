@@ -1,14 +1,14 @@
 // Faults as loops: a report with everything in it is printed again and again, and each time another
 // call of what stands below it fails.  The error comes out, no template stays open, and the next
 // report prints the bytes of one that nothing disturbed.
-#include "master_detail_report.h"
+#include "fault_loop.h"
 
 namespace tarvo::test {
 namespace {
 
 using ::testing::Contains;
 
-class MasterDetailFaults : public MasterDetailReport {
+class MasterDetailFaults : public FaultLoop<MasterDetailReport> {
  protected:
   MasterDetailFaults() {
     // Two pages and a copy of them; a page break inside the body, a repeated line, a pause, points,
@@ -37,36 +37,7 @@ class MasterDetailFaults : public MasterDetailReport {
     undisturbed = printed();
   }
 
-  void begin() {
-    init(2);
-    report->SetTopMarginPoints(1);
-    client->restart();
-  }
-
-  // Prints with a fault at every nth call in turn until none is reached; gives the number of
-  // faults.
-  int atEveryCall(Fault& fault, std::int32_t number) {
-    for (int nth = 1;; ++nth) {
-      begin();
-      world.error->reports.clear();
-      fault.raiseAt(nth, number);
-      const std::int32_t raised = errorOfPrinting();
-      const bool wasReached = !fault.isPending();
-      fault.never();
-      EXPECT_EQ(world.files->openStreams(), 0) << "call " << nth;
-      if (!wasReached) {
-        EXPECT_EQ(raised, 0);
-        return nth - 1;
-      }
-      EXPECT_EQ(raised, number) << "call " << nth;
-      EXPECT_TRUE((" " + world.error->trail()).ends_with(" sPrintReport")) << "call " << nth;
-      begin();
-      EXPECT_EQ(printed(), undisturbed) << "after call " << nth;
-      if (HasFailure() || nth > 2000) return nth;
-    }
-  }
-
-  std::string undisturbed;
+  std::string print() override { return printed(); }
 };
 
 TEST_F(MasterDetailFaults, StandOnAReportThatHasEverything) {

@@ -1,5 +1,5 @@
 // Master-detail reports on the graphic channel: the rows that the page output gets, and faults.
-#include "master_detail_report.h"
+#include "fault_loop.h"
 
 namespace tarvo::test {
 namespace {
@@ -115,7 +115,7 @@ TEST_F(MasterDetailGraphic, ARefusedReportIsProducedWithTheCodesAlone) {
 
 // --- Faults.
 
-class MasterDetailGraphicFaults : public MasterDetailGraphic {
+class MasterDetailGraphicFaults : public FaultLoop<MasterDetailGraphic> {
  protected:
   MasterDetailGraphicFaults() {
     write(
@@ -130,37 +130,7 @@ class MasterDetailGraphicFaults : public MasterDetailGraphic {
     undisturbed = rows();
   }
 
-  void begin() {
-    init(2);
-    report->SetTopMarginPoints(1);
-    client->restart();
-  }
-
-  // As on the text channel, and a report that fails is not produced.  Gives the number of faults.
-  int atEveryCall(Fault& fault) {
-    for (int nth = 1;; ++nth) {
-      begin();
-      world.error->reports.clear();
-      world.pageCalls.clear();
-      fault.raiseAt(nth, kDeviceError);
-      const std::int32_t raised = errorOfPrinting();
-      const bool wasReached = !fault.isPending();
-      fault.never();
-      EXPECT_EQ(world.files->openStreams(), 0) << "call " << nth;
-      if (!wasReached) {
-        EXPECT_EQ(raised, 0);
-        return nth - 1;
-      }
-      EXPECT_EQ(raised, kDeviceError) << "call " << nth;
-      EXPECT_TRUE((" " + world.error->trail()).ends_with(" sPrintReport")) << "call " << nth;
-      EXPECT_THAT(world.pageCalls.lines(), IsEmpty()) << "call " << nth;
-      begin();
-      EXPECT_EQ(rows(), undisturbed) << "after call " << nth;
-      if (HasFailure() || nth > 2000) return nth;
-    }
-  }
-
-  std::string undisturbed;
+  std::string print() override { return rows(); }
 };
 
 TEST_F(MasterDetailGraphicFaults, StandOnAReportThatHasEverything) {
@@ -174,7 +144,7 @@ TEST_F(MasterDetailGraphicFaults, StandOnAReportThatHasEverything) {
 
 // The output is the last to be asked, once in each report.
 TEST_F(MasterDetailGraphicFaults, OfThePageOutput) {
-  EXPECT_EQ(atEveryCall(world.pages->fault), 1);
+  EXPECT_EQ(atEveryCall(world.pages->fault, kDeviceError), 1);
   begin();
   world.error->reports.clear();
   world.pages->fault.raiseAt(1, kDeviceError);
@@ -182,16 +152,20 @@ TEST_F(MasterDetailGraphicFaults, OfThePageOutput) {
   EXPECT_EQ(world.error->trail(), "sPrintReport sCloseGraphicHandle sPrintReport");
 }
 
-TEST_F(MasterDetailGraphicFaults, OfTheClient) { EXPECT_GT(atEveryCall(client->fault), 40); }
+TEST_F(MasterDetailGraphicFaults, OfTheClient) {
+  EXPECT_GT(atEveryCall(client->fault, kDeviceError), 40);
+}
 
-TEST_F(MasterDetailGraphicFaults, OfTheFiles) { EXPECT_GT(atEveryCall(world.files->fault), 100); }
+TEST_F(MasterDetailGraphicFaults, OfTheFiles) {
+  EXPECT_GT(atEveryCall(world.files->fault, kDeviceError), 100);
+}
 
 TEST_F(MasterDetailGraphicFaults, OfTheFileService) {
-  EXPECT_GT(atEveryCall(world.fileService->fault), 10);
+  EXPECT_GT(atEveryCall(world.fileService->fault, kDeviceError), 10);
 }
 
 TEST_F(MasterDetailGraphicFaults, OfTheMessages) {
-  EXPECT_GT(atEveryCall(world.message->fault), 3);
+  EXPECT_GT(atEveryCall(world.message->fault, kDeviceError), 3);
 }
 
 }  // namespace
