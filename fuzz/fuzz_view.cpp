@@ -81,7 +81,7 @@ Content contentOf(const Input& input) {
 void addContent(const Page& page, Content& content) {
   for (const Line& line : page.lines) {
     for (const Run& run : line.runs) {
-      content.unknown += run.unknown;
+      content.unknown += run.unknown.bytes;
       // The blanks of a tab may go on in the next line of one that is too long.
       if (run.isTab) {
         ++content.tabs;

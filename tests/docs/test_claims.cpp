@@ -9,12 +9,17 @@ namespace {
 
 constexpr const char* kStops = "(stops with an error)\n";
 
+// What the workbench says at the end when nothing answered the name.
+std::string unanswered(const std::string& name) {
+  return "tarvordp: hint: nothing answered these names of the template: " + name + "\n";
+}
+
 struct Claim {
   const char* says;
   const char* templateLines;
   const char* json;
   std::string prints;
-  const char* message = "";
+  std::string message = {};
 };
 
 void PrintTo(const Claim& claim, std::ostream* out) { *out << claim.says; }
@@ -145,7 +150,8 @@ const Claim kControls[] = {
     {"a field named like a control word is one", "{ITEM.NORMAL}a{FONT.BOLD}b{LETRA.NEGRA}c\n",
      R"({"record": {"ITEM.NORMAL": "x", "FONT.BOLD": "y", "LETRA.NEGRA": "z"}})",
      "<NORMAL>a<NEGRA>b<NEGRA>c\n"},
-    {"a misspelt control word is a value", "{NEGRITA}a\n", "{}", "No se encontróa\n"},
+    {"a misspelt control word is a value", "{NEGRITA}a\n", "{}", "No se encontróa\n",
+     unanswered("NEGRITA")},
     {"SNL without a number, or with 0, ends the line once", "a{SNL}\nb{SNL,0}\nc\n", "{}",
      "a\nb\nc\n"},
     {"the most points are 254", "a{SNP,254}\nb\n", "{}", "a<1PT>\n" + lines(253) + "<12PT>b\n"},
@@ -182,7 +188,8 @@ const Claim kReports[] = {
     {"small letters make no difference to marks", "{cuerpo=1}\n{k}\n{fincuerpo}\nf\n", kOne,
      "a\nf\n"},
     {"an insert body's mark with a blank is a line",
-     "{CUERPO=2}\n{K}\n {UNINSERTOCUERPO}\n{FINCUERPO}\n", kOne, "a\n No se encontró\n"},
+     "{CUERPO=2}\n{K}\n {UNINSERTOCUERPO}\n{FINCUERPO}\n", kOne, "a\n No se encontró\n",
+     unanswered("UNINSERTOCUERPO")},
     {"the page's lines less one fit", "...NMAXLINPAGINA=5\nh\n{CUERPO=2}\n{K}\n{FINCUERPO}\nf\n",
      kOne, "h\na\n\nf\n"},
     {"more break the page where nobody expects it",
@@ -197,7 +204,7 @@ const Claim kReports[] = {
      "{CUERPO=1}\n{NUMERAR,4}|{NUMERAR,4,0}|\n{FINCUERPO}\n", kOne, "1,00|   1|\n"},
     {"the header's records are the next one's",
      "...NMAXLINPAGINA=9\nh {K}\n{CUERPO=1}\n{K}\n{FINCUERPO}\nf {K}\n", kTwo,
-     "h No se encontró\na\nf b\n<FF>h b\nb\nf b\n"},
+     "h No se encontró\na\nf b\n<FF>h b\nb\nf b\n", unanswered("K")},
     {"without a number half-letter paper has 29 lines", kUnnumberedHalfLetter.c_str(), kTwo,
      "h\na\n" + lines(27) + "h\nb\n"},
     {"an insert body that finds no room has a page of its own",

@@ -5,31 +5,9 @@
 # Exit code: 0 passed, 1 failed, 77 there is no print server here.
 set -u
 print_pages=$1
-server=$(cd "$(dirname "$0")/../equipment/cups" && pwd)/private_cups.sh
-
-work=$(mktemp -d)
-jobs=$work/jobs
-failures=0
-
-socket=$("$server" start "$jobs") || {
-  status=$?
-  printf '%s\n' "$socket"
-  rm -rf "$work"
-  exit $status
-}
-trap '"$server" stop "$jobs" 2>/dev/null; rm -rf "$work"' EXIT
-trap 'exit 1' HUP INT TERM
-export CUPS_SERVER="$socket"
-
-# says WHAT EXPECTED ACTUAL: two texts
-says() {
-  if [ "$2" = "$3" ]; then
-    echo "ok: $1"
-  else
-    echo "FAILED: $1: expected <$2>, got <$3>"
-    failures=$((failures + 1))
-  fi
-}
+equipment=$(cd "$(dirname "$0")/../equipment/cups" && pwd)
+# shellcheck source=tests/equipment/cups/cups_test.sh
+. "$equipment/cups_test.sh"
 
 # prints NUMBER QUEUE TITLE ROWS: job NUMBER has the same bytes as the file.
 prints() {
@@ -71,5 +49,4 @@ done
 "$server" stop "$jobs"
 says 'a server that is away' '482: Printer error: rawq 1' "$(failure rawq)"
 
-[ $failures -eq 0 ] || { echo "$failures failed"; exit 1; }
-echo 'all passed'
+conclude

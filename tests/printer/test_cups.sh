@@ -5,38 +5,11 @@
 # Exit code: 0 passed, 1 failed, 77 there is no print server here.
 set -u
 samples=$1
-server=$(cd "$(dirname "$0")/../equipment/cups" && pwd)/private_cups.sh
-
-work=$(mktemp -d)
-jobs=$work/jobs
-failures=0
-count=0 # jobs that must have come out by now
-
-socket=$("$server" start "$jobs") || {
-  status=$?
-  printf '%s\n' "$socket"
-  rm -rf "$work"
-  exit $status
-}
-trap '"$server" stop "$jobs" 2>/dev/null; rm -rf "$work"' EXIT
-trap 'exit 1' HUP INT TERM
+equipment=$(cd "$(dirname "$0")/../equipment/cups" && pwd)
+# shellcheck source=tests/equipment/cups/cups_test.sh
+. "$equipment/cups_test.sh"
 trap '' PIPE
-export CUPS_SERVER="$socket"
-
-fail() {
-  echo "FAILED: $*"
-  failures=$((failures + 1))
-}
-
-# same WHAT EXPECTED ACTUAL: two files
-same() {
-  if cmp "$2" "$3"; then echo "ok: $1"; else fail "$1"; fi
-}
-
-# says WHAT EXPECTED ACTUAL: two texts
-says() {
-  if [ "$2" = "$3" ]; then echo "ok: $1"; else fail "$1: expected <$2>, got <$3>"; fi
-}
+count=0 # jobs that must have come out by now
 
 # expect_jobs NUMBER: so many more come out
 expect_jobs() {
@@ -181,5 +154,4 @@ says 'a server that is away at the end' 'endDocument: false, error 1282' \
 says 'a server that is away at the start' 'openPrinter: false, error 1282' \
   "$("$samples" pause rawq </dev/null)"
 
-[ $failures -eq 0 ] || { echo "$failures failed"; exit 1; }
-echo 'all passed'
+conclude

@@ -1,12 +1,10 @@
 // Template files on this platform.
 #include <gmock/gmock.h>
-#include <unistd.h>
-
-#include <cstdlib>
 
 #include "equipment/errors.h"
 #include "equipment/temporary_folder.h"
 #include "equipment/text_file_cases.h"
+#include "equipment/without_privileges.h"
 
 namespace tarvo::test {
 namespace {
@@ -85,25 +83,6 @@ TEST_F(TextFilesOfPosix, AMissingFileIsError53WithItsPath) {
 TEST_F(TextFilesOfPosix, AFolderIsError70) {
   EXPECT_EQ(errorNumberOf([&] { files->OpenTextFile(folder.pathOf(u".")); }), kPermissionDenied);
 }
-
-// The administrator may read everything: while it lives, somebody else is at work.
-class WithoutPrivileges {
- public:
-  WithoutPrivileges() : user_(geteuid()) {
-    if (user_ == 0) isOther_ = seteuid(kNobody) == 0;
-  }
-  WithoutPrivileges(const WithoutPrivileges&) = delete;
-  WithoutPrivileges& operator=(const WithoutPrivileges&) = delete;
-  ~WithoutPrivileges() {
-    if (isOther_ && seteuid(user_) != 0) std::abort();
-  }
-
- private:
-  static constexpr uid_t kNobody = 65534;
-
-  uid_t user_;
-  bool isOther_ = false;
-};
 
 TEST_F(TextFilesOfPosix, AFileThatMayNotBeReadIsError70) {
   const Text path = write(u"a.ID", "uno\n");

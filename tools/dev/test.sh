@@ -56,6 +56,12 @@ tests() {
   cat "$logs/$stage.notes"
 }
 
+# project_tests NAME: the tests of tests/NAME, which are a project of their own.
+project_tests() {
+  step "$1-tests-setup" cmake -S "tests/$1" -B "build/$1-tests" || return 0
+  tests "$1" --test-dir "build/$1-tests" --no-tests=error
+}
+
 # skip STAGE REASON
 skip() {
   finish "$1" "$(date +%s)" "SKIPPED: $2"
@@ -80,7 +86,7 @@ conclude() {
   esac
 }
 
-need native checks
+need native checks bench
 want windows wine spooler ui pages package
 mkdir -p $logs
 : >$tally
@@ -103,8 +109,10 @@ for bits in 64 32; do
 done
 if [ "$built" != " 64 32" ]; then
   skip package "the zip needs both Windows builds"
-elif step package tools/dev/package.sh &&
-  step package-tests-setup cmake -S tests/package -B build/package-tests; then
-  tests package --test-dir build/package-tests --no-tests=error
+elif step package ./dev package; then
+  project_tests package
+  project_tests newcomer
 fi
+# Their figures are for people; here they have to build and to end well.
+step bench ./dev bench || true
 conclude

@@ -13,7 +13,8 @@ struct Console {
   bool errIsTerminal = false;
   bool inIsTerminal = false;
 
-  // The process's own streams.
+  // The process's own streams.  One that is closed is kept from being the next file that is opened:
+  // it fails whatever is done with it.
   static Console ofProcess();
 };
 

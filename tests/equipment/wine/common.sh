@@ -11,9 +11,13 @@ cache=${TARVO_CACHE:-${XDG_CACHE_HOME:-$HOME/.cache}/libtarvordp}
 
 mark() { cat "$@" | cksum | cut -d ' ' -f 1; }
 
-system=$cache/i386-$(mark "$here/make_i386.sh")
-template=$cache/wine$BITS-$(mark "$here/fill_template.sh" "$here/template.reg" \
-  "$here/make_i386.sh")
+# 32-bit packages beside the 64-bit ones would do as well, but then the two architectures' versions
+# of every library have to be equal, which mirrors do not always offer.
+i386_packages='fonts-liberation fonts-wine libcups2 wine wine32'
+make_system=$here/../debian/make_system.sh
+system=$cache/i386-$(echo "$i386_packages" | mark "$make_system" -)
+template=$cache/wine$BITS-$(echo "$i386_packages" | mark "$here/fill_template.sh" \
+  "$here/template.reg" "$make_system" -)
 # What the new root directory of 32-bit runs is mounted on.
 stage=$cache/stage
 

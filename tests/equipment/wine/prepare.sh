@@ -30,7 +30,9 @@ make_system() {
   as_root true 2>/dev/null || unavailable "making an i386 system needs root"
   echo "wine, 32 bit: making a small i386 system (a minute, once)" >&2
   as_root rm -rf "$cache"/i386-*.new
-  as_root "$here/make_i386.sh" "$system.new" >"$log" 2>&1 ||
+  # A list of package names: splitting is meant.
+  # shellcheck disable=SC2086
+  as_root "$make_system" i386 "$system.new" $i386_packages >"$log" 2>&1 ||
     { date >"$failed"; unavailable "could not make an i386 system; see $log"; }
   as_root mv "$system.new" "$system"
 }

@@ -92,7 +92,15 @@ TEST_F(CheckCommands, TakeAShippedProfile) {
 
 TEST_F(CheckCommands, ExplainTheirExitStatus) {
   EXPECT_EQ(run({"check", "--help"}), 0);
-  EXPECT_THAT(out_.str(), ::testing::HasSubstr("Exit status: 0 no errors"));
+  EXPECT_THAT(out_.str(), ::testing::HasSubstr("Exit status:\n  0  no errors"));
+}
+
+TEST_F(CheckCommands, ListNoFieldsOfAnotherEncodingSilently) {
+  const std::string path = file("UTF16.ID", std::string("\xFF\xFE{\0A\0}\0", 8));
+  EXPECT_EQ(run({"fields", path}), 0);
+  EXPECT_EQ(out_.str(), path + ": form\nno fields\n");
+  EXPECT_EQ(err_.str(), "tarvordp: " + path +
+                            ": has errors, so fields may be missing: tarvordp check tells them\n");
 }
 
 TEST_F(CheckCommands, ListFieldsOfSeveralTemplates) {

@@ -153,6 +153,26 @@ TEST(CheckLetters, ThatThePrinterLacksAndThoseThatTheLibraryDoesNotChange) {
             "ó ú ñ Ñ º are sent as the printer has them\n");
 }
 
+TEST(CheckLetters, OfPC858) {
+  Profile profile = profileOf("ibm-proprinter");
+  profile.codes[static_cast<std::size_t>(ControlCode::internationalChars)] =
+      tarvo::Text(u"\x1B[T\x05\0\0\0\x03\x5A\0", 10);
+  EXPECT_EQ(findingsIn(bytesOf("€ Õ\n"), {}, &profile),
+            "T:1:1: warning: '€' leaves as byte 80 and prints as 'Ç': PC858 has it, but only á é í "
+            "ó ú ñ Ñ º are sent as the printer has them\n"
+            "T:1:3: warning: 'Õ' leaves as byte D5 and prints as '€': PC858 has it, but only á é í "
+            "ó ú ñ Ñ º are sent as the printer has them\n");
+}
+
+TEST(CheckLetters, OfASetThatIsNotKnownAreTheUsualOnes) {
+  Profile profile = profileOf("epson-24pin");
+  profile.codes[static_cast<std::size_t>(ControlCode::internationalChars)] =
+      tarvo::Text(u"\x1B(t\x03\0\x01\x07\0", 8);
+  EXPECT_EQ(findingsIn(bytesOf("Í\n"), {}, &profile),
+            "T:1:1: warning: 'Í' leaves as byte CD and prints as '═' in PC437, the usual character "
+            "set\n");
+}
+
 TEST(CheckLetters, OfPC850) {
   Profile profile = profileOf("epson-24pin");
   profile.codes[static_cast<std::size_t>(ControlCode::internationalChars)] =

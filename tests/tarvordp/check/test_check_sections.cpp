@@ -140,6 +140,37 @@ constexpr CheckCase kCases[] = {
      "{CUERPO=3}\n{SALTAPAGINA}{A}\n{B}\n{FINCUERPO}\n",
      "T:2:1: note: with a top margin of lines (SetTopMarginLines) SALTAPAGINA never ends "
      "(run-time error 28)\n"},
+    {"a page break of the insert body's last line without a header",
+     "{CUERPO=3}\n{A}\n{UNINSERTOCUERPO}\n{SALTAPAGINA}{B}\n{FINCUERPO}\n",
+     "T:4:1: warning: without a header line to end it, this break repeats for every empty line of "
+     "the body\n"
+     "T:4:1: note: with a top margin of lines (SetTopMarginLines) SALTAPAGINA never ends "
+     "(run-time error 28)\n"},
+    {"a page break of the insert body's last line",
+     "a\n{CUERPO=3}\n{A}\n{UNINSERTOCUERPO}\n{B}\n{SALTAPAGINA}{B}\n{FINCUERPO}\n",
+     "T:6:1: warning: a break in the insert body's last line breaks the page for the empty lines "
+     "before the insert body too: a page with little but the header is lost\n"
+     "T:6:1: note: with a top margin of lines (SetTopMarginLines) SALTAPAGINA never ends "
+     "(run-time error 28)\n"},
+    {"a page break of an insert body's line before others",
+     "a\n{CUERPO=3}\n{A}\n{UNINSERTOCUERPO}\n{SALTAPAGINA}{B}\n{B}\n{FINCUERPO}\n",
+     "T:5:1: note: with a top margin of lines (SetTopMarginLines) SALTAPAGINA never ends "
+     "(run-time error 28)\n"},
+    {"a page break of the last line of a record that fills the body",
+     "a\n{CUERPO=2}\n{A}\n{SALTAPAGINA}{B}\n{FINCUERPO}\n",
+     "T:4:1: warning: a record takes all lines of {CUERPO=n} and breaks the page in its last one: "
+     "a page is lost before the next record\n"
+     "T:4:1: note: with a top margin of lines (SetTopMarginLines) SALTAPAGINA never ends "
+     "(run-time error 28)\n"},
+    {"a page break of the last line of a record that does not fill the body",
+     "a\n{CUERPO=3}\n{A}\n{SALTAPAGINA}{B}\n{FINCUERPO}\n",
+     "T:4:1: note: with a top margin of lines (SetTopMarginLines) SALTAPAGINA never ends "
+     "(run-time error 28)\n"},
+    {"a page length that the body takes away",
+     "...NMAXLINPAGINA=20\n{CUERPO=0}\n{A}\n{FINCUERPO}\n",
+     "T:2:1: warning: {CUERPO=0} takes every page's end away: NMAXLINPAGINA has no effect\n"},
+    {"a page length that half-letter paper keeps",
+     "...MEDIACARTA\n...NMAXLINPAGINA=20\n{CUERPO=0}\n{A}\n{FINCUERPO}\n", ""},
     {"a page break whose header takes its skips",
      "a\n{CUERPO=3}\n{SALTAPAGINA}{SNL,2}\n{FINCUERPO}\n",
      "T:3:1: warning: the header of the new page takes away this line's further lines: 2 lines\n"
@@ -151,6 +182,14 @@ constexpr CheckCase kCases[] = {
     {"a repetition that ends at once", "{CUERPO=1}\n{REPEAT}{TEXTO}{@fin}\n{FINCUERPO}\n",
      "T:2:16: warning: the line's last variable ends the repetition: behind REPEAT that must be "
      "one of the client's\n"},
+    {"a repetition that asks for one value twice",
+     "{CUERPO=1}\n{REPEAT}{R.TEXTO,CONDICION}{@-}{r.TEXTO,20}\n{FINCUERPO}\n",
+     "T:2:32: warning: a repeated line asks for TEXTO at both its places, and each may take the "
+     "next value: a long text may never end (run-time error 6); a condition on it has an element "
+     "number, {TEXTO[1],n,CONDICION}\n"},
+    {"a repetition with the condition on an element",
+     "{CUERPO=1}\n{REPEAT}{TEXTO[1],20,CONDICION}{TEXTO,20}\n{FINCUERPO}\n", ""},
+    {"a repetition of two values", "{CUERPO=1}\n{REPEAT}{A.TEXTO}{B.TEXTO}\n{FINCUERPO}\n", ""},
     {"a repetition of the client's", "{CUERPO=1}\n{REPEAT}{TEXTO}\n{FINCUERPO}\n", ""},
     {"a name that is nearly the library's", "{VIENE,10}\n{CUERPO=1}\n{NUMERA}\n{FINCUERPO}\n",
      "T:1:1: warning: the client is asked for VIENE, did you mean VIENEN?\n"
@@ -211,7 +250,13 @@ TEST(CheckKind, IsGuessedFromMarkersAndConstants) {
 }
 
 TEST(CheckKind, OfAFormMarkersAreVariables) {
-  EXPECT_EQ(findingsIn("{CUERPO=3}\n{FINCUERPO}\n", TemplateKind::kForm), "");
+  EXPECT_EQ(findingsIn("{CUERPO=3}\n{X}\n{fincuerpo}\n{UNINSERTOCUERPO}\n", TemplateKind::kForm),
+            "T:1:1: warning: '{CUERPO=3}' is a marker of master-detail reports: a form asks the "
+            "client for it\n"
+            "T:3:1: warning: '{fincuerpo}' is a marker of master-detail reports: a form asks the "
+            "client for it\n"
+            "T:4:1: warning: '{UNINSERTOCUERPO}' is a marker of master-detail reports: a form asks "
+            "the client for it\n");
 }
 
 }  // namespace

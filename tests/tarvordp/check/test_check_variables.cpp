@@ -6,7 +6,8 @@ namespace {
 
 constexpr CheckCase kCases[] = {
     {"a plain line has none", "Total {FACTURA.MONTO,15,DERECHA}\n", ""},
-    {"an empty template has none", "", ""},
+    {"an empty template prints nothing", "", "T:1:1: warning: the file is empty\n"},
+    {"an empty line is a template", "\n", ""},
 
     // Braces.
     {"an unclosed brace ends the report", "Total {MONTO,15\n",
@@ -94,6 +95,10 @@ constexpr CheckCase kCases[] = {
      "T:1:17: error: DATEFORMAT after IIF is read as a second IIF: write it before\n"},
     {"DATEFORMAT without its format", "{F,DF,10}\n",
      "T:1:4: error: DF without its format prints nothing: DF(dd/mm/yyyy)\n"},
+    {"IIF where nothing is chosen", "{@Total,IIF(\"S\",a)}{BOLD,IIF}{LIGHT}\n",
+     "T:1:9: warning: IIF chooses by the client's enumeration or boolean: it has no effect here\n"
+     "T:1:26: warning: IIF chooses by the client's enumeration or boolean: it has no effect "
+     "here\n"},
     {"DATEFORMAT with an empty one", "{F,DATEFORMAT()}\n",
      "T:1:4: error: DATEFORMAT with an empty format prints nothing\n"},
     {"DATEFORMAT that is not closed", "{F,DATEFORMAT(dd/mm}\n",

@@ -2,7 +2,7 @@
 #include "check_test.h"
 #include "tarvordp/check/nearest_word.h"
 #include "tarvordp/check/parser_services.h"
-#include "tarvordp/check/printer_letters.h"
+#include "tarvordp/view/character_set.h"
 
 namespace tarvordp::test {
 namespace {
@@ -49,25 +49,27 @@ TEST(CheckLetterTables, AgreeWithWhatTheLibrarySends) {
   ParserServices services;
   for (const char16_t letter : tarvo::TextView(u"áéíóúñÑºaZ{~")) {
     const std::uint8_t byte = services.printedByte(letter);
-    EXPECT_EQ(printedCharacter(PrinterSet::kPc437, byte), letter);
-    EXPECT_EQ(printedCharacter(PrinterSet::kPc850, byte), letter);
+    EXPECT_EQ(characterOf(CharacterSet::pc437, byte), letter);
+    EXPECT_EQ(characterOf(CharacterSet::pc850, byte), letter);
   }
 }
 
 TEST(CheckLetterTables, HaveTheLettersWhereTheyBelong) {
-  EXPECT_EQ(printedCharacter(PrinterSet::kPc437, 0x9A), u'Ü');
-  EXPECT_EQ(printedCharacter(PrinterSet::kPc437, 0xE1), u'ß');
-  EXPECT_EQ(printedCharacter(PrinterSet::kPc437, 0xB3), u'│');
-  EXPECT_EQ(printedCharacter(PrinterSet::kPc437, 0xF8), u'°');
-  EXPECT_EQ(printedCharacter(PrinterSet::kPc850, 0xB5), u'Á');
-  EXPECT_EQ(printedCharacter(PrinterSet::kPc850, 0xD6), u'Í');
-  EXPECT_EQ(printedCharacter(PrinterSet::kPc850, 0xE0), u'Ó');
-  EXPECT_EQ(printedCharacter(PrinterSet::kPc850, 0xE9), u'Ú');
-  EXPECT_EQ(printedCharacter(PrinterSet::kPc850, 0xA8), u'¿');
+  EXPECT_EQ(characterOf(CharacterSet::pc437, 0x9A), u'Ü');
+  EXPECT_EQ(characterOf(CharacterSet::pc437, 0xE1), u'ß');
+  EXPECT_EQ(characterOf(CharacterSet::pc437, 0xB3), u'│');
+  EXPECT_EQ(characterOf(CharacterSet::pc437, 0xF8), u'°');
+  EXPECT_EQ(characterOf(CharacterSet::pc850, 0xB5), u'Á');
+  EXPECT_EQ(characterOf(CharacterSet::pc850, 0xD6), u'Í');
+  EXPECT_EQ(characterOf(CharacterSet::pc850, 0xE0), u'Ó');
+  EXPECT_EQ(characterOf(CharacterSet::pc850, 0xE9), u'Ú');
+  EXPECT_EQ(characterOf(CharacterSet::pc850, 0xA8), u'¿');
   for (const char16_t letter : tarvo::TextView(u"ÁÍÓÚ€")) {
-    EXPECT_FALSE(hasCharacter(PrinterSet::kPc437, letter));
+    EXPECT_FALSE(hasCharacter(CharacterSet::pc437, letter));
   }
-  EXPECT_TRUE(hasCharacter(PrinterSet::kPc437, u'É'));
+  EXPECT_TRUE(hasCharacter(CharacterSet::pc437, u'É'));
+  EXPECT_TRUE(hasCharacter(CharacterSet::pc858, u'€'));
+  EXPECT_FALSE(hasCharacter(CharacterSet::pc850, u'€'));
 }
 
 TEST(CheckServices, ThoseOfBeforeComeBack) {

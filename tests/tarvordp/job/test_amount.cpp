@@ -22,7 +22,6 @@ constexpr AmountCase kAmounts[] = {
     {"-0", "0"},
     {"0.0000", "0"},
     {"12.5", "12.5"},
-    {"12,5", "12.5"},
     {"+3", "3"},
     {"-0.05", "-0.05"},
     {"007.50", "7.5"},
@@ -58,11 +57,45 @@ TEST(Amount, IsTheWrittenDecimalAndNotItsBinaryNeighbour) {
 }
 
 TEST(Amount, WhatIsNoNumberIsTold) {
-  for (const char* written : {"", " ", "x", "1.", ".5", "1.2.3", "1 2", "--1", "1e", "1e+", "0x10",
-                              "1.000,50", "12 ", "NaN", "Infinity"}) {
-    EXPECT_EQ(mistakeOf([&] { readAmount(written); }),
-              "\"" + std::string(written) + "\" is no number");
+  for (const char* written : {"", " ", "x", "1 2", "--1", "1e", "1e+", "0x10", "12 ", "NaN",
+                              "Infinity", "-", "+", "e5", "."}) {
+    const std::string told = "\"" + std::string(written) + "\" is no number";
+    EXPECT_EQ(mistakeOf([&] { readAmount(written); }), told);
+    EXPECT_EQ(mistakeOf([&] { readCellAmount(written); }), told);
   }
+}
+
+TEST(Amount, HasOnePointBeforeItsDecimals) {
+  for (const char* written : {"12,5", "1.234,56", "1,234.56", "1,234,567", "1.234.567", "1.", ".5",
+                              "1.2.3", "1.,5", "1e1.5", "1,5e1"}) {
+    EXPECT_EQ(mistakeOf([&] { readAmount(written); }),
+              "\"" + std::string(written) +
+                  "\" is no number: write \".\" before its decimals, and nothing between its "
+                  "thousands");
+  }
+}
+
+TEST(Amount, OfACellHasOnePointOrCommaBeforeItsDecimals) {
+  EXPECT_EQ(amountText(readCellAmount("12,5")), "12.5");
+  EXPECT_EQ(amountText(readCellAmount("12.5")), "12.5");
+  EXPECT_EQ(amountText(readCellAmount("-1,234")), "-1.234") << "no thousands";
+  EXPECT_EQ(amountText(readCellAmount("1.234")), "1.234");
+  EXPECT_EQ(amountText(readCellAmount("0,12345")), "0.1234") << "half to even";
+  EXPECT_EQ(amountText(readCellAmount("922337203685477,5807")), "922337203685477.5807");
+  for (const char* written :
+       {"1.234,56", "1,234.56", "1,234,567", "1.234.567", ",5", "5,", "1,,5", "1'234,5"}) {
+    EXPECT_EQ(mistakeOf([&] { readCellAmount(written); }),
+              "\"" + std::string(written) +
+                  "\" is no number: write one \",\" or \".\" before its decimals, and nothing "
+                  "between its thousands");
+  }
+}
+
+TEST(Amount, OneWithoutEndIsToldInPart) {
+  EXPECT_EQ(mistakeOf([] { readAmount(std::string(401, '7')); }),
+            "\"" + std::string(40, '7') +
+                "... (401 bytes)\" is no amount: the greatest one is 922337203685477.5807, and the "
+                "least one is -922337203685477.5808");
 }
 
 TEST(Amount, WhatNoAmountCanHoldIsTold) {
@@ -80,6 +113,15 @@ TEST(Date, IsADayOrADayAndATime) {
   EXPECT_EQ(readDate("2026-03-15 06:00:00", "T ").serial, 46096.25);
 }
 
+TEST(Date, ReachesFromTheYear100ToTheYear9999) {
+  EXPECT_EQ(readDate("0100-01-01").serial, -657434.0);
+  EXPECT_EQ(readDate("1899-12-30").serial, 0.0);
+  EXPECT_EQ(readDate("1899-12-29T12:00:00").serial, -1.5) << "the time of day counts upwards";
+  EXPECT_EQ(readDate("2000-02-29").serial, 36585.0);
+  EXPECT_EQ(readDate("9999-12-31").serial, 2958465.0);
+  EXPECT_EQ(readDate("9999-12-31T23:59:59"), readDate("9999-12-31 23:59:59", " "));
+}
+
 TEST(Date, WhatHasAnotherFormIsTold) {
   for (const char* written :
        {"", "15/03/2026", "2026-3-15", "2026-03-15T", "2026-03-15T12:00", "2026-03-15T12:00:00Z",
@@ -90,8 +132,10 @@ TEST(Date, WhatHasAnotherFormIsTold) {
 }
 
 TEST(Date, ADayThatTheCalendarLacksIsTold) {
-  for (const char* written : {"2026-02-29", "2026-13-01", "2026-00-10", "2026-04-31", "0099-01-01",
-                              "2026-01-01T24:00:00", "2026-01-01T00:60:00"}) {
+  for (const char* written :
+       {"2026-02-29", "1900-02-29", "2100-02-29", "2026-13-01", "2026-00-10", "2026-04-31",
+        "0099-01-01", "2026-01-01T24:00:00", "2026-01-01T00:60:00", "2026-01-01T00:00:60",
+        "2026-01-00", "2026-01-32", "0000-01-01"}) {
     EXPECT_EQ(mistakeOf([&] { readDate(written); }),
               "\"" + std::string(written) + "\" is no day of the calendar");
   }

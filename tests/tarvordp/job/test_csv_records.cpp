@@ -71,8 +71,36 @@ TEST_F(CsvTest, BlanksBelongToTheirCells) {
 TEST_F(CsvTest, BlankLinesAreSkipped) {
   EXPECT_EQ(recordsOf("\n\r\nA,B\n\n1,2\n   \n\t\n3,4\n\n"),
             (Records{"text 1 | text 2", "text 3 | text 4"}));
-  EXPECT_EQ(recordsOf("A\n \n\n1\n"), (Records{"text  ", "text 1"}))
-      << "in a table of one column blanks are a value";
+  EXPECT_EQ(recordsOf("\xEF\xBB\xBF\n \nA,B\r \r1,2\r"), Records{"text 1 | text 2"});
+}
+
+TEST_F(CsvTest, BlankLinesAreSkippedInATableOfOneColumnToo) {
+  EXPECT_EQ(recordsOf("\t\nA\n \n\n1\n\t\r\n\r\n2\n  "), (Records{"text 1", "text 2"}));
+  EXPECT_EQ(recordsOf("A\r \r\r1\r"), Records{"text 1"});
+}
+
+TEST_F(CsvTest, AQuotedCellOfATableOfOneColumnIsARecordWhateverItHolds) {
+  EXPECT_EQ(recordsOf("A\n\"\"\n\" \t\"\n\"\n\n\"\n"), (Records{"text ", "text  \t", "text \n\n"}));
+  EXPECT_EQ(recordsOf("N:number\n\"\"\n\n7\n"), (Records{"none", "number 7"}));
+}
+
+TEST_F(CsvTest, ANumberHasOneCommaOrPointAndIsNeverAnotherAmount) {
+  EXPECT_EQ(recordsOf("N:number\n1.234\n\"1,234\"\n\"-0,12345\"\n1e2\n"),
+            (Records{"number 1.234", "number 1.234", "number -0.1234", "number 100"}));
+  for (const std::string number : {"1.234,56", "1,234.56", "1.234.567"}) {
+    EXPECT_EQ(mistakeIn("N:number\n1\n\"" + number + "\"\n"),
+              "d.csv: line 3: N: \"" + number +
+                  "\" is no number: write one \",\" or \".\" before its decimals, and nothing "
+                  "between its thousands");
+  }
+}
+
+TEST_F(CsvTest, NamesAreFoundWithoutCaseWhateverTheirLetters) {
+  const auto records = makeCsvRecords(pathOf("Renglón.Año:number\n2026\n"), where_);
+  records->restart();
+  Record record;
+  ASSERT_TRUE(records->next(record));
+  EXPECT_NE(record.find(u"RENGLÓN.AÑO"), nullptr);
 }
 
 TEST_F(CsvTest, AColumnMaySayItsKind) {
@@ -113,9 +141,9 @@ struct WrongCsv {
 const WrongCsv kWrong[] = {
     {"", "d.csv: there is no row of column names"},
     {"\n\n", "d.csv: there is no row of column names"},
-    {"A,B\n1,2\n3\n", "d.csv: line 3: the row has 1 cells, and there are 2 columns"},
+    {"A,B\n1,2\n3\n", "d.csv: line 3: the row has 1 cell, and there are 2 columns"},
     {"A,B\n\n\"x\ny\",2\n1,2,3\n", "d.csv: line 5: the row has 3 cells, and there are 2 columns"},
-    {"A,B\n\"\"\n", "d.csv: line 2: the row has 1 cells, and there are 2 columns"},
+    {"A,B\n\"\"\n", "d.csv: line 2: the row has 1 cell, and there are 2 columns"},
     {"A,\n1,2\n", "d.csv: line 1: a name is empty"},
     {"A,a\n1,2\n", "d.csv: line 1: the name \"a\" stands twice"},
     {"A,A:date\n1,2\n", "d.csv: line 1: the name \"A\" stands twice"},
@@ -130,7 +158,23 @@ const WrongCsv kWrong[] = {
      "end with one, and have those inside twice"},
     {"A\n1\n\"x\ny\n", "d.csv: line 3: a cell that begins with a quotation mark never ends"},
     {"A,F:date\n1,2026-02-30\n", "d.csv: line 2: F: \"2026-02-30\" is no day of the calendar"},
-    {"A,N:number\n\"a\nb\",1\n1,1.000\n2,1.0.0\n", "d.csv: line 5: N: \"1.0.0\" is no number"},
+    {"A,N:number\n\"a\nb\",1\n1,1.000\n2,1.0.0\n",
+     "d.csv: line 5: N: \"1.0.0\" is no number: write one \",\" or \".\" before its decimals, and "
+     "nothing between its thousands"},
+    {"A\n1\n1,2\n", "d.csv: line 3: the row has 2 cells, and there is 1 column"},
+    {"A;B\n1;1,5\n",
+     "d.csv: line 2: the row has 2 cells, and there is 1 column: only a comma separates columns"},
+    {"A\tB\n1\t1,5\n",
+     "d.csv: line 2: the row has 2 cells, and there is 1 column: only a comma separates columns"},
+    {"A\r1\r2,3\r", "d.csv: line 3: the row has 2 cells, and there is 1 column"},
+    {"A\r\n1\r\n\r\n2,3\r\n", "d.csv: line 4: the row has 2 cells, and there is 1 column"},
+    {":number\n1\n", "d.csv: line 1: a name is empty"},
+    {"A,AÑO,año\n", "d.csv: line 1: the name \"año\" stands twice"},
+    {"N:number\n1e400\n",
+     "d.csv: line 2: N: \"1e400\" is no amount: the greatest one is 922337203685477.5807, and the "
+     "least one is -922337203685477.5808"},
+    {"N:number\n\xF1\n", "d.csv: line 2: N: a text is not UTF-8"},
+    {"D:date\n\xF1\n", "d.csv: line 2: D: a text is not UTF-8"},
     {"B:bool\nquizás\n",
      "d.csv: line 2: B: \"quizás\" is neither true nor false: write true/false, 1/0, S/N or sí/no"},
     {"A\n1\nPe\xF1"

@@ -99,12 +99,13 @@ struct WrongJob {
 };
 
 const WrongJob kWrong[] = {
-    {"[]", "dir/j.json: /: must be an object, not an array"},
-    {"{}", "dir/j.json: /: the key \"report\" is missing"},
-    {R"({"report": "form"})", "dir/j.json: /: the key \"title\" is missing"},
-    {R"({"report": "form", "title": "t"})", "dir/j.json: /: the key \"directory\" is missing"},
+    {"[]", "dir/j.json: the document: must be an object, not an array"},
+    {"{}", "dir/j.json: the document: the key \"report\" is missing"},
+    {R"({"report": "form"})", "dir/j.json: the document: the key \"title\" is missing"},
+    {R"({"report": "form", "title": "t"})",
+     "dir/j.json: the document: the key \"directory\" is missing"},
     {R"({"report": "master-detail", "title": "t", "directory": "p"})",
-     "dir/j.json: /: the key \"template\" is missing"},
+     "dir/j.json: the document: the key \"template\" is missing"},
     {R"({"report": "detail", "title": "t", "directory": "p"})",
      "dir/j.json: /report: \"detail\" is none of \"form\", \"master-detail\""},
     {R"({"report": 1, "title": "t", "directory": "p"})",

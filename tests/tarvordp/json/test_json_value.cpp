@@ -4,7 +4,9 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
+#include "tarvordp/json/excerpt.h"
 #include "tarvordp/mistake.h"
 
 namespace tarvordp {
@@ -36,6 +38,43 @@ TEST(JsonValue, KeepsNumbersAsTheyWereWritten) {
   EXPECT_EQ(value.elements()[3].numberText(), "12345678901234567890123");
 }
 
+TEST(JsonValue, KeepsNumbersThatNoBinaryOneEquals) {
+  const std::string digits(300, '7');
+  const JsonValue value = readJsonText("[1e-400, 0.10, 0e999, " + digits + "]", "a.json");
+  EXPECT_EQ(value.elements()[0].numberText(), "1e-400");
+  EXPECT_EQ(value.elements()[1].numberText(), "0.10");
+  EXPECT_EQ(value.elements()[2].numberText(), "0e999");
+  EXPECT_EQ(value.elements()[3].numberText(), digits);
+}
+
+TEST(JsonValue, ANumberBeyondABinaryOnesRangeIsToldWithItsPlace) {
+  EXPECT_EQ(mistakeIn(R"({"a": {"n": [1, 1e400]}})"),
+            "a.json: /a/n/1: 1e400 is beyond the numbers that can be read");
+  EXPECT_EQ(mistakeIn("{\"l\": -" + std::string(401, '1') + "}"),
+            "a.json: /l: -" + std::string(39, '1') +
+                "... (402 bytes) is beyond the numbers that can be read");
+}
+
+TEST(JsonValue, AByteOrderMarkIsNoPartOfTheText) {
+  EXPECT_EQ(readJsonText("\xEF\xBB\xBF[1]", "j").elements()[0].numberText(), "1");
+}
+
+TEST(JsonValue, TheRootIsToldInWordsAndTheEmptyNameAsASlash) {
+  EXPECT_EQ(mistakeOf([] { readJsonText("1", "j").asText(); }),
+            "j: the document: must be a text, not a number");
+  EXPECT_EQ(mistakeOf([] { readJsonText(R"({"": 1})", "j").find("")->asText(); }),
+            "j: /: must be a text, not a number");
+  EXPECT_EQ(mistakeIn(R"({"o": {"a": 1, "a": 2}})"), R"(a.json: /o: the key "a" stands twice)");
+}
+
+TEST(Excerpt, IsTheTextOrItsBeginningWithoutPartOfACharacter) {
+  EXPECT_EQ(excerpt(std::string(60, 'x')), std::string(60, 'x'));
+  EXPECT_EQ(excerpt(std::string(61, 'x')), std::string(40, 'x') + "... (61 bytes)");
+  EXPECT_EQ(excerpt(std::string(39, 'x') + "ñ" + std::string(60, 'y')),
+            std::string(39, 'x') + "... (101 bytes)");
+  EXPECT_EQ(quotedExcerpt("x"), "\"x\"");
+}
+
 TEST(JsonValue, KeepsMembersInTheirOrderAndCharacterZeroInTexts) {
   const JsonValue value = readJsonText(R"({"b": "\u0000x", "a": {"c": [null, true]}})", "a.json");
   ASSERT_EQ(value.members().size(), 2U);
@@ -54,7 +93,8 @@ TEST(JsonValue, EscapesNamesInPointers) {
 TEST(JsonValue, MistakesNameFilePlaceAndReason) {
   EXPECT_THAT(mistakeIn("{\n  \"a\": tru,\n}"),
               testing::AllOf(StartsWith("a.json: this is not JSON: "), HasSubstr("line 2")));
-  EXPECT_EQ(mistakeIn(R"({"a": 1, "a": 2})"), R"(a.json: /: the key "a" stands twice)");
+  EXPECT_EQ(mistakeIn(R"({"a": 1, "a": 2})"), R"(a.json: the document: the key "a" stands twice)");
+  EXPECT_EQ(mistakeIn(""), "a.json: is empty");
   EXPECT_THAT(mistakeIn(std::string(101, '[')), HasSubstr("too many levels of nesting"));
   EXPECT_THAT(mistakeIn("{\"a\": \"\xff\"}"), HasSubstr("this is not JSON"));
 }
@@ -77,7 +117,8 @@ TEST(JsonValue, ChecksKindsAndRanges) {
             "j: /t: must be true or false, not a text");
   EXPECT_EQ(mistakeOf([&] { value.find("nought")->asObject(); }),
             "j: /nought: must be an object, not null");
-  EXPECT_EQ(mistakeOf([&] { value.asArray(); }), "j: /: must be an array, not an object");
+  EXPECT_EQ(mistakeOf([&] { value.asArray(); }),
+            "j: the document: must be an array, not an object");
 }
 
 TEST(KnownKeys, WhatNobodyAskedForIsAMistake) {
@@ -88,7 +129,7 @@ TEST(KnownKeys, WhatNobodyAskedForIsAMistake) {
   EXPECT_NE(keys.optional("b"), nullptr);
   EXPECT_EQ(keys.optional("c"), nullptr);
   keys.nothingElse();
-  EXPECT_EQ(mistakeOf([&] { keys.required("d"); }), R"(j: /: the key "d" is missing)");
+  EXPECT_EQ(mistakeOf([&] { keys.required("d"); }), R"(j: the document: the key "d" is missing)");
 }
 
 }  // namespace

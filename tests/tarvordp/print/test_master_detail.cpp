@@ -64,15 +64,29 @@ TEST_F(MasterDetailTest, ARefusalIsToldAndNothingIsPrinted) {
   EXPECT_EQ(outcome.status, kNotPrinted);
   EXPECT_EQ(outcome.err,
             "[Impresión de Factura] La factura está anulada.\n"
-            "[Impresión de Informe] No se encontró información para imprimir.\n");
+            "[Impresión de Informe] No se encontró información para imprimir.\n"
+            "tarvordp: file:out.prn: the job there holds no report, it is empty\n");
   EXPECT_EQ(printed(), "");
+}
+
+TEST_F(MasterDetailTest, ARefusedReportHasAJobThatPreparesThePrinterInPlaceOfAnOlderFile) {
+  write("out.prn", "an older report");
+  write("T.ID", "header\n{CUERPO=1}\n{FINCUERPO}\n");
+  write("j.json", R"({"report": "master-detail", "title": "Factura", "directory": ".",
+        "template": "T", "canPrint": false, "profile": "epson-9pin"})");
+  const test::Outcome outcome = print({"--printer", "file:" + pathOf("out.prn")});
+  EXPECT_EQ(outcome.status, kNotPrinted);
+  EXPECT_EQ(printed(), "<1B>@<12><1B>P<12><1B>P\n") << "the dump ends its line";
+  EXPECT_THAT(outcome.err, HasSubstr("tarvordp: file:out.prn: the job there holds no report, only "
+                                     "8 bytes that prepare the printer\n"));
 }
 
 TEST_F(MasterDetailTest, ARefusalWithoutAWordPrintsNothingEither) {
   writeMasterDetail("header\n{CUERPO=1}\n{FINCUERPO}\n", R"(, "canPrint": false)");
   const test::Outcome outcome = print();
   EXPECT_EQ(outcome.status, kNotPrinted);
-  EXPECT_EQ(outcome.err, "[Impresión de Informe] No se encontró información para imprimir.\n");
+  EXPECT_THAT(outcome.err,
+              StartsWith("[Impresión de Informe] No se encontró información para imprimir.\n"));
 }
 
 TEST_F(MasterDetailTest, AMissingTemplateIsTold) {
@@ -97,7 +111,7 @@ TEST_F(MasterDetailTest, AnUnknownPrinterIsTold) {
 TEST_F(MasterDetailTest, WithoutTextModeThePagesAreAFile) {
   writeMasterDetail("header {A}\n{CUERPO=1}\n{FINCUERPO}\n", R"(, "record": {"A": "a"})");
   write("j.json", R"({"report": "master-detail", "title": "Factura", "directory": ".",
-                      "template": "T"})");
+                      "template": "T", "record": {"A": "a"}})");
   test::Outcome outcome = print({"--printer", "file:" + pathOf("out.pdf")});
   EXPECT_EQ(outcome.status, kDone);
   EXPECT_EQ(outcome.err, "tarvordp: the pages are in out.pdf\n");

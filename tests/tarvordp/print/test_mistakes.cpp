@@ -35,7 +35,7 @@ TEST_F(MistakesTest, OfTheDataNameTheJobsPlaceAndTheDatas) {
   write("d.csv", "A,B\n1\n");
   writeMasterDetail("", R"(, "details": {"csv": "d.csv"})");
   EXPECT_EQ(mistakeOf(),
-            "tarvordp: j.json: /details/csv: d.csv: line 2: the row has 1 cells, and there are 2 "
+            "tarvordp: j.json: /details/csv: d.csv: line 2: the row has 1 cell, and there are 2 "
             "columns\n");
   writeMasterDetail("", R"(, "details": {"sqlite": "d.db", "query": "SELECT 1"})");
   EXPECT_EQ(mistakeOf(), "tarvordp: j.json: /details/sqlite: d.db: there is no such database\n");
@@ -45,8 +45,9 @@ TEST_F(MistakesTest, OfTheDataNameTheJobsPlaceAndTheDatas) {
 
 TEST_F(MistakesTest, OfArgumentsSayWhatIsExpected) {
   EXPECT_EQ(mistakeOf({"--set", "NAME"}),
-            "tarvordp: --set: \"NAME\" is not of the form NAME=VALUE\n");
-  EXPECT_EQ(mistakeOf({"--set", "=x"}), "tarvordp: --set: \"=x\" is not of the form NAME=VALUE\n");
+            "tarvordp: --set: \"NAME\" is not of the form NAME=VALUE; see \"tarvordp print "
+            "--help\"\n");
+  EXPECT_THAT(mistakeOf({"--set", "=x"}), HasSubstr("--set: \"=x\" is not of the form"));
   EXPECT_THAT(mistakeOf({"--copies", "0"}), HasSubstr("--copies"));
   EXPECT_THAT(mistakeOf({"--copies", "256"}), HasSubstr("--copies"));
   EXPECT_THAT(mistakeOf({"--copies", "two"}), HasSubstr("--copies"));

@@ -1,7 +1,9 @@
 // A person at the terminal: questions, pauses, progress and the summary.
 #include <iostream>
+#include <utility>
 
 #include "print_testing.h"
+#include "tarvordp/print/print_job.h"
 #include "tarvordp/print/progress.h"
 
 namespace tarvordp {
@@ -115,12 +117,12 @@ TEST(Progress, WritesOneLineAgainAndAgainAndTakesItAway) {
   std::ostringstream stream;
   {
     Progress progress(stream, true);
-    progress.printing(1, 2000, 0);
+    progress.printing({.record = 1, .records = 2000});
     EXPECT_EQ(stream.str(), "") << "not in the first moment";
     const auto start = std::chrono::steady_clock::now();
     std::int64_t record = 0;
     while (std::chrono::steady_clock::now() - start < std::chrono::milliseconds(1000)) {
-      progress.printing(1500 + record++ % 2, 2000, 12);
+      progress.printing({.record = 1500 + record++ % 2, .records = 2000, .pages = 12});
     }
   }
   const std::string shown = stream.str();
@@ -128,6 +130,64 @@ TEST(Progress, WritesOneLineAgainAndAgainAndTakesItAway) {
   EXPECT_THAT(shown, HasSubstr(" of 2,000, 12 pages\x1b[K"));
   EXPECT_THAT(shown, EndsWith("\r\x1b[K"));
   EXPECT_LE(std::ranges::count(shown, '\r'), 10) << "not more often than the eye can follow";
+}
+
+constexpr Progress::Pace kAtOnce{Progress::Time(0), Progress::Time(0)};
+
+TEST(Progress, TellsTheCopyAndTheSheet) {
+  std::ostringstream stream;
+  Progress progress(stream, true, kAtOnce);
+  const auto shown = [&] { return std::exchange(stream, std::ostringstream()).str(); };
+  progress.reading(1200);
+  EXPECT_EQ(shown(), "\rreading the data: 1,200 records\x1b[K");
+  progress.printing({.copy = 2, .copies = 3, .record = 423, .records = 30000, .pages = 20208});
+  EXPECT_EQ(shown(), "\rprinting: copy 2 of 3, record 423 of 30,000, 20,208 pages\x1b[K");
+  progress.printingForm({.sheet = 1, .sheets = 2, .values = 1300, .pages = 1});
+  EXPECT_EQ(shown(), "\rprinting: sheet 1 of 2, 1,300 values, 1 page\x1b[K");
+  progress.printingForm({.values = 1});
+  EXPECT_EQ(shown(), "\rprinting: draft, 1 value\x1b[K");
+}
+
+// The program shows it in the same way, only later and less often.
+class ShownProgressTest : public test::PrintTest {
+ protected:
+  std::string shownBy(const std::string& save = "") {
+    std::ostringstream out;
+    std::ostringstream err;
+    Console console{out, err};
+    console.errIsTerminal = true;
+    PrintOptions options;
+    options.job = pathOf("j.json");
+    if (!save.empty()) options.save = save;
+    EXPECT_EQ(printJob(options, console, {.pace = kAtOnce}), kDone);
+    return err.str();
+  }
+};
+
+TEST_F(ShownProgressTest, OfAMasterDetailReportItsDataThenItsRecordsCopyByCopy) {
+  write("d.csv", "N\na\nb\n");
+  writeMasterDetail("{CUERPO=1}\n{N}\n{FINCUERPO}\n",
+                    R"(, "copies": 2, "details": {"csv": "d.csv"})");
+  const std::string shown = shownBy();
+  std::size_t at = 0;
+  for (const char* step :
+       {"reading the data: 1 record\x1b", "reading the data: 2 records\x1b",
+        "printing: copy 1 of 2, record 1 of 2\x1b", "printing: copy 1 of 2, record 2 of 2\x1b",
+        "printing: copy 2 of 2, record 1 of 2, 2 pages\x1b",
+        "printing: copy 2 of 2, record 2 of 2, 2 pages\x1b", "\r\x1b[Kprinted 4 pages"}) {
+    const std::size_t found = shown.find(step, at);
+    ASSERT_NE(found, std::string::npos) << step << "\nin " << shown;
+    at = found;
+  }
+}
+
+TEST_F(ShownProgressTest, OfAFormItsSheets) {
+  writeForm();
+  const std::string shown = shownBy();
+  EXPECT_THAT(shown, HasSubstr("\rprinting: sheet 1 of 2, 1 value\x1b[K"));
+  EXPECT_THAT(shown, HasSubstr("\rprinting: sheet 2 of 2, 2 values, 1 page\x1b[K"));
+  writeForm(R"(, "output": "draft")");
+  EXPECT_THAT(shownBy(pathOf("d.pdf")), HasSubstr("\rprinting: draft, 1 value\x1b[K"));
 }
 
 TEST(Progress, IsNotShownToAFile) {

@@ -73,8 +73,10 @@ TEST_F(ValuesTest, NamesAreFoundWithoutCase) {
 }
 
 TEST_F(ValuesTest, ANameThatIsNowhereIsNotFound) {
-  EXPECT_EQ(headerOf("{CLIENTE.NOMBRE} {NOMBRE}\n", R"({"OTRO.NOMBRE": "Ana"})"),
-            "No se encontr<A2> No se encontr<A2><0D><0A>");
+  writeMasterDetail("{CLIENTE.NOMBRE} {NOMBRE}\n{CUERPO=1}\n{FINCUERPO}\n",
+                    R"(, "record": {"OTRO.NOMBRE": "Ana"})");
+  EXPECT_EQ(print().status, kDone);
+  EXPECT_EQ(printed(), "No se encontr<A2> No se encontr<A2><0D><0A>\n<0D><0A>\n<0C>");
 }
 
 TEST_F(ValuesTest, ALongTextIsPrintedSegmentBySegmentOnARepeatedLine) {

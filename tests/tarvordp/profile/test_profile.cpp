@@ -134,7 +134,8 @@ TEST(ProfileFile, MistakesNameTheirPlace) {
             "p.json: /MaxLinPage: must be a whole number from 0 to 255, not 256");
   EXPECT_EQ(mistakeOf([] { profileOf(R"({"CanPrintInTextMode": "yes"})"); }),
             "p.json: /CanPrintInTextMode: must be true or false, not a text");
-  EXPECT_EQ(mistakeOf([] { profileOf("[]"); }), "p.json: /: must be an object, not an array");
+  EXPECT_EQ(mistakeOf([] { profileOf("[]"); }),
+            "p.json: the document: must be an object, not an array");
 }
 
 TEST(FindProfile, TakesAFileOfTheFolder) {

@@ -51,7 +51,11 @@ TEST(ProfileCheck, AnEmptyProfilePrintsNothing) {
   EXPECT_EQ(remarksOn(Profile{}),
             "warning: CanPrintInTextMode is false: reports are drawn as pages, and none of these "
             "codes is sent.\n"
-            "warning: MaxLinPage is 0: a report's pages never become full.\n");
+            "warning: MaxLinPage is 0: a report's pages never become full.\n"
+            "note: There are no codes for condensed, expanded, bold and underlined print: template "
+            "words that ask for it send nothing.\n"
+            "note: ChrHighLine1Point is empty: a skip of points moves the paper by as many whole "
+            "lines.\n");
 }
 
 struct CheckCase {
@@ -96,6 +100,15 @@ constexpr CheckCase kCases[] = {
     {"another maker's code", R"({"ChrInitUnderlying": "\u001bC"})",
      "warning: ChrReset is a code of Epson printers, ChrInitUnderlying one of OKI Microline "
      "printers: no printer speaks both at once.\n"},
+    {"no code for a mode and its end", R"({"ChrBold": "", "ChrLight": ""})",
+     "note: There are no codes for bold print: template words that ask for it send nothing.\n"},
+    {"no code for points", R"({"ChrHighLine1Point": "", "ChrHighLine12Points": ""})",
+     "note: ChrHighLine1Point is empty: a skip of points moves the paper by as many whole "
+     "lines.\n"},
+    {"a nation's letters", R"({"ChrInternationalChars": "\u001bt\u0001\u001bR\u0007"})",
+     "warning: ChrInternationalChars chooses a nation's letters (1B 52 07): some of # $ @ [ \\ ] ^ "
+     "` { | } ~ print as others; 1B 52 00 leaves them.\n"},
+    {"the usual letters", R"({"ChrInternationalChars": "\u001bt\u0001\u001bR\u0000"})", ""},
     {"an initial string made of other codes", R"({"ChrInitialString1": "\u001b@\u001b2\u001bC!"})",
      ""},
 };

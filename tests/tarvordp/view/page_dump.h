@@ -6,7 +6,6 @@
 #include <vector>
 
 #include "frame/text.h"
-#include "tarvordp/profile/code_text.h"
 #include "tarvordp/view/page_model.h"
 
 namespace tarvordp {
@@ -20,7 +19,9 @@ inline std::string dump(const Look& look) {
 inline std::string dump(const Run& run) {
   const std::string pass = run.pass == 0 ? "" : " pass" + std::to_string(run.pass);
   const std::string place = " @" + std::to_string(run.x) + pass;
-  if (!run.unknown.empty()) return place + " <" + hexOf(run.unknown) + ">";
+  const int width = run.unknown.width;
+  const std::string graphics = width > 0 ? " w" + std::to_string(width) : "";
+  if (!run.unknown.empty()) return place + " " + shownBetweenBrackets(run.unknown) + graphics;
   return place + " " + dump(run.look) + (run.isTab ? " tab" : "") + " \"" +
          tarvo::toUtf8(run.text) + "\"";
 }

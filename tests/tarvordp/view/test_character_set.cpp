@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+#include "tarvordp/profile/code_text.h"
+
 namespace tarvordp {
 namespace {
 
@@ -38,6 +40,15 @@ void compareWithSystem(CharacterSet set, const char* name) {
 
 TEST(CharacterSet, Pc437IsTheSystems) { compareWithSystem(CharacterSet::pc437, "IBM437"); }
 TEST(CharacterSet, Pc850IsTheSystems) { compareWithSystem(CharacterSet::pc850, "IBM850"); }
+// The system's converter has none with the euro sign.
+TEST(CharacterSet, Pc858HasTheEuroSignInTheDotlessI) {
+  for (int byte = 0x20; byte <= 0xFF; ++byte) {
+    const auto each = static_cast<unsigned char>(byte);
+    if (!isPrintable(each)) continue;
+    const char16_t expected = byte == 0xD5 ? u'€' : characterOf(CharacterSet::pc850, each);
+    EXPECT_EQ(characterOf(CharacterSet::pc858, each), expected) << "byte " << byte;
+  }
+}
 
 TEST(CharacterSet, ControlBytesPrintNothing) {
   EXPECT_FALSE(isPrintable(0x00));
@@ -49,16 +60,36 @@ TEST(CharacterSet, ControlBytesPrintNothing) {
   EXPECT_TRUE(isPrintable(0xFF));
 }
 
-TEST(CharacterSet, IsTheOneThatTheLastKnownSelectionNames) {
-  EXPECT_EQ(selectedBy(""), CharacterSet::pc437);
-  EXPECT_EQ(selectedBy("\x1B\x74\x01\x1B\x36"), CharacterSet::pc437);
-  EXPECT_EQ(selectedBy("\x1B(t\x03\x00\x01\x01\x00\x1Bt\x01\x1B\x36"sv), CharacterSet::pc437);
-  EXPECT_EQ(selectedBy("\x1B(t\x03\x00\x01\x03\x00\x1Bt\x01\x1B\x36"sv), CharacterSet::pc850);
-  EXPECT_EQ(selectedBy("\x1B[T\x05\x00\x00\x00\x03\x52\x00"sv), CharacterSet::pc850);
-  EXPECT_EQ(selectedBy("\x1B(t\x03\x00\x01\x03\x00\x1B(t\x03\x00\x01\x01\x00"sv),
-            CharacterSet::pc437);
-  EXPECT_EQ(selectedBy("\x1B(t\x03\x00\x01\x01\x00\x1B(t\x03\x00\x01\x03\x00"sv),
-            CharacterSet::pc850);
+TEST(CharacterSet, IsTheOneThatTheLastSelectionNames) {
+  struct SelectCase {
+    std::string_view code;
+    CharacterSet set;
+  };
+  constexpr SelectCase kCases[] = {
+      {""sv, CharacterSet::pc437},
+      {"\x1Bt\x01\x1B\x36"sv, CharacterSet::pc437},
+      {"\x1B(t\x03\x00\x01\x01\x00\x1Bt\x01\x1B\x36"sv, CharacterSet::pc437},
+      {"\x1B(t\x03\x00\x01\x03\x00\x1Bt\x01\x1B\x36"sv, CharacterSet::pc850},
+      {"\x1B[T\x05\x00\x00\x00\x01\xB5\x00"sv, CharacterSet::pc437},
+      {"\x1B[T\x05\x00\x00\x00\x03\x52\x00"sv, CharacterSet::pc850},
+      {"\x1B[T\x05\x00\x00\x00\x03\x5A\x00"sv, CharacterSet::pc858},
+      {"\x1B(t\x03\x00\x01\x03\x00\x1B(t\x03\x00\x01\x01\x00"sv, CharacterSet::pc437},
+      {"\x1B(t\x03\x00\x01\x01\x00\x1B(t\x03\x00\x01\x03\x00"sv, CharacterSet::pc850},
+      {"\x1B(t\x03\x00\x01\x03"sv, CharacterSet::pc437}};  // cut off
+  for (const SelectCase& each : kCases) {
+    const SetSelection selected = selectedBy(each.code);
+    EXPECT_EQ(selected.set, each.set) << hexOf(each.code);
+    EXPECT_EQ(selected.unknown, "") << hexOf(each.code);
+  }
+}
+
+TEST(CharacterSet, OfAnotherNumberIsUnknown) {
+  EXPECT_EQ(selectedBy("\x1B(t\x03\x00\x01\x07\x00\x1Bt\x01"sv).unknown,
+            "\x1B(t\x03\x00\x01\x07\x00"sv);
+  EXPECT_EQ(selectedBy("\x1B[T\x05\x00\x00\x00\x03\x5C\x00"sv).unknown,
+            "\x1B[T\x05\x00\x00\x00\x03\x5C\x00"sv);
+  EXPECT_EQ(selectedBy("\x1B(t\x03\x00\x01\x00\x00"sv).unknown, "\x1B(t\x03\x00\x01\x00\x00"sv);
+  EXPECT_EQ(selectedBy("\x1B(t\x03\x00\x01\x07\x00\x1B(t\x03\x00\x01\x03\x00"sv).unknown, "");
 }
 
 }  // namespace

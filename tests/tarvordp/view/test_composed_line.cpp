@@ -50,7 +50,7 @@ constexpr TextCase kCases[] = {
      "\x1BW\x01"
      "ab\r\n"sv,
      "ab\n"},
-    {"unknown codes", "epson-9pin", "a\x1Bk b\x07\r\n\x1Bq\r\n"sv, "a<1B 6B> b<07>\n<1B 71>\n"},
+    {"unknown codes", "epson-9pin", "a\x1Bk b\x07\r\n\x1Bv\r\n"sv, "a<1B 6B 20>b<07>\n<1B 76 ?>\n"},
     {"skips of points are no lines", "epson-9pin",
      "a\r\n\x1B"
      "A\x01\r\n\r\n-\r\n\x1B"
@@ -118,11 +118,12 @@ TEST(TerminalForm, ShowsLooks) {
       "a\x1B"
       "Eb\x1B-\x01"
       "c\x1B"
-      "4d\x1B@e\x1BkF\x1BW\x01gh\r\n"sv,
+      "4d\x1B@e\x1Bk\x01"
+      "F\x1BW\x01gh\r\n"sv,
       findProfile("epson-9pin", ""), true);
   EXPECT_EQ(shown, "\033[0;2m" + rulerOf(" page 1 of 1 ") +
                        "\033[0m\n"
-                       "a\033[0;1mb\033[0;1;4mc\033[0;1;3;4md\033[0me\033[0;2m<1B 6B>\033[0mF"
+                       "a\033[0;1mb\033[0;1;4mc\033[0;1;3;4md\033[0me\033[0;2m<1B 6B 01>\033[0mF"
                        "g h \n");
 }
 
@@ -137,9 +138,9 @@ TEST(TerminalForm, EndsALooksLineInPlain) {
 TEST(TerminalForm, IsPlainWithoutATerminal) {
   EXPECT_EQ(onTerminal("\x1B"
                        "Ea\x1B-\x01"
-                       "b\x1Bk\r\n",
+                       "b\x1Bv\r\n",
                        findProfile("epson-9pin", ""), false),
-            rulerOf(" page 1 of 1 ") + "\nab<1B 6B>\n");
+            rulerOf(" page 1 of 1 ") + "\nab<1B 76 ?>\n");
 }
 
 // Nothing that a printed byte could say reaches the terminal as a code.

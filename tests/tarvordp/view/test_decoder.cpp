@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "page_dump.h"
+#include "tarvordp/profile/code_text.h"
 
 namespace tarvordp {
 namespace {
@@ -37,7 +38,7 @@ std::string dump(const PrinterEvent& event) {
     case Kind::tab:
       return "TAB";
     case Kind::unknown:
-      return "<" + hexOf(event.bytes) + ">";
+      return "<" + hexOf(event.bytes) + (event.extent.endIsKnown ? ">" : " ?>");
   }
   return "";
 }
@@ -77,17 +78,39 @@ constexpr DecodeCase kCases[] = {
      "ChrInitExpanded ChrEndExpanded ChrEndUnderlying"},
     {"a code that is in a text", "oki-microline", "ab\x1D\x63"sv, "\"ab\" ChrCondensed \"c\""},
     {"the profile's form feed", "plain", "\f"sv, "ChrFormFeed"},
-    {"an escape takes a byte, and control bytes", "epson-9pin", "a\x1Bk\x01\x02z\x07\x08"sv,
-     "\"a\" <1B 6B 01 02> \"z\" <07 08>"},
-    {"an escape takes no line end", "epson-9pin", "\x1B\r\n\x1B\n"sv, "<1B> CR LF <1B> LF"},
-    {"an escape takes no code", "epson-9pin", "\x1B\x0F\x1Bk\x0F"sv,
-     "<1B> ChrCondensed <1B 6B> ChrCondensed"},
-    {"an escape at the end", "epson-9pin", "\x1B\x1B"sv, "<1B> <1B>"},
+    {"an unknown code of unknown length takes control bytes", "plain", "a\x1Bk\x01\x02z\x07\x08"sv,
+     "\"a\" <1B 6B 01 02 ?> \"z\" <07 08>"},
+    {"an escape takes no line end", "epson-9pin", "\x1B\r\n\x1B\n"sv, "<1B ?> CR LF <1B ?> LF"},
+    {"an escape takes no code", "epson-9pin", "\x1B\x0F\x1Bv\x0F"sv,
+     "<1B ?> ChrCondensed <1B 76 ?> ChrCondensed"},
+    {"an escape at the end", "epson-9pin", "\x1B\x1B"sv, "<1B ?> <1B ?>"},
+    {"the page length's number is no text", "epson-9pin", "\x1B\x43!x"sv, "<1B 43 21> \"x\""},
+    {"the page length in inches", "ibm-proprinter", "\x1B\x43\x00\x0Bx"sv, "<1B 43 00 0B> \"x\""},
+    {"an argument like a line end", "epson-9pin", "\x1B\x33\x0Ax"sv, "<1B 33 0A> \"x\""},
+    {"an argument like a code", "epson-9pin", "\x1BJ\x0Fx"sv, "<1B 4A 0F> \"x\""},
+    {"an argument that the profile's codes do not have", "epson-9pin", "\x1BW1\x1B-1x"sv,
+     "<1B 57 31> <1B 2D 31> \"x\""},
+    {"the same letter in another language", "oki-microline", "\x1B\x46\x33\x33\x1BHx"sv,
+     "<1B 46 33 33> <1B 48> \"x\""},
+    {"a letter that a language does not have", "oki-microline", "\x1B@x"sv, "<1B 40 ?> \"x\""},
+    {"tabulator stops", "epson-24pin", "\x1B\x44\x0A\x1B\x1E\x00x"sv, "<1B 44 0A 1B 1E 00> \"x\""},
+    {"tabulator stops without an end", "epson-24pin", "\x1B\x44\x08x"sv, "<1B 44 08 ?> \"x\""},
+    {"counted data", "epson-24pin", "\x1B(U\x01\x00\x0Ax"sv, "<1B 28 55 01 00 0A> \"x\""},
+    {"counted data, IBM", "ibm-proprinter", "\x1B[@\x04\x00\x00\x00\x21\x01x"sv,
+     "<1B 5B 40 04 00 00 00 21 01> \"x\""},
+    {"graphics", "epson-9pin", "\x1BK\x03\x00\x1B\x45\x0Cx"sv, "<1B 4B 03 00 1B 45 0C> \"x\""},
+    {"graphics of 24 pins", "epson-24pin", "\x1B*\x27\x01\x00\x41\x42\x43\x44"sv,
+     "<1B 2A 27 01 00 41 42 43> \"D\""},
+    {"graphics of an unknown mode", "epson-24pin", "\x1B*\x7B\x01\x00\x41"sv,
+     "<1B 2A 7B 01 00 ?> \"A\""},
+    {"graphics that are cut off", "epson-9pin", "\x1BK\x00\x01\x41\x42"sv, "<1B 4B 00 01 41 42>"},
+    {"a code that is cut off in its arguments", "epson-9pin", "\x1BK\x08"sv, "<1B 4B 08>"},
+    {"other codes of more than a byte", "plain", "\x1DV0\x07\x1C"sv, "<1D ?> \"V0\" <07> <1C ?>"},
     {"a tab, a deletion", "plain", "\t\x7F\x80"sv, "TAB <7F> \"\x80\""},
     {"every code that plain lacks", "plain",
      "\x1B"
      "E\x0F\x1B@"sv,
-     "<1B 45 0F> <1B 40>"},
+     "<1B 45 0F ?> <1B 40 ?>"},
 };
 
 TEST(Decoder, TakesBytesApart) {
@@ -106,6 +129,25 @@ TEST(Decoder, KnowsEveryCodeOfEveryShippedProfile) {
       const PrinterEvent event = Decoder(profile).next(bytes);
       EXPECT_EQ(event.bytes, bytes);
       EXPECT_TRUE(event.codes.has(code)) << name << " " << propertyName(code);
+    }
+  }
+}
+
+// What is known of the languages and what the profiles say of them, held against each other.
+TEST(EscapeSequences, AreAsLongAsTheProfilesHaveThem) {
+  for (const std::string& name : shippedProfileNames()) {
+    const Profile profile = findProfile(name, "");
+    const PrinterLanguage language = languageOf(profile);
+    for (std::size_t i = 0; i < kControlCodes; ++i) {
+      const std::string bytes = bytesSent(profile, static_cast<ControlCode>(i));
+      std::size_t at = 0;
+      while (at < bytes.size()) {
+        const CodeExtent extent = extentOf(language, std::string_view(bytes).substr(at));
+        EXPECT_TRUE(extent.endIsKnown) << name << ": " << hexOf(bytes) << " at " << at;
+        at += extent.size + extent.data;
+        EXPECT_EQ(extent.data, extent.announced) << name << ": " << hexOf(bytes) << " at " << at;
+      }
+      EXPECT_EQ(at, bytes.size()) << name << ": " << hexOf(bytes);
     }
   }
 }

@@ -179,10 +179,55 @@ TEST_F(PageFilesTest, UnderlinesReachFromTheFirstToTheLastCharacter) {
 }
 
 TEST_F(PageFilesTest, UnknownCodesHangOverTheLineAndTakeNoRoom) {
-  const Picture picture = drawn("\r\n    \x1Bk\xDB");
+  const Picture picture = drawn("\r\n    \x1Bv\xDB");
   EXPECT_GT(picture.ink(kLeft + 4 * kColumn + 1, 15, kColumn - 2, 6), 0.85);
   EXPECT_GT(picture.red(kLeft + 4 * kColumn, 8.5, 12, 6), 0.1);
   EXPECT_EQ(picture.red(kLeft, 0, 4 * kColumn - 1, 24), 0);
+}
+
+TEST_F(PageFilesTest, UnknownCodesOfTheFirstLineHangOverItToo) {
+  paper.printedTop = 6;
+  const Picture picture = drawn("  \x1Bv\xDB");
+  EXPECT_GT(picture.red(kLeft + 2 * kColumn, 2.5, 12, 4), 0.1);
+  EXPECT_EQ(picture.red(kLeft + 2 * kColumn + 1, 9, kColumn - 1, 6), 0);
+}
+
+TEST_F(PageFilesTest, GraphicsAreHatchedAndTakeTheirRoom) {
+  const Picture picture =
+      drawn("\r\n\x1BK\x3C" + std::string(1, '\0') + std::string(60, 'x') + std::string(kBlock));
+  for (double x = 0; x < 72; x += 9) {
+    const double red = picture.red(kLeft + x + 0.5, 17, 8, 4);
+    EXPECT_GT(red, 0.05) << x;
+    EXPECT_LT(red, 0.6) << x;
+  }
+  EXPECT_GT(picture.ink(kLeft + 72 + 1, 15, kColumn - 2, 6), 0.85);
+}
+
+// The whole height of the tallest and the deepest letters is within their line, also where the line
+// is the first or the last one of the paper.
+TEST_F(PageFilesTest, LettersAreWholeAtThePapersEdges) {
+  const auto inkOf = [&](const std::string& before, double top) {
+    return drawn(before + "\xB5\x80\xA5gjpy\x1B-\x01_").ink(kLeft, top, 8 * kColumn, 12);
+  };
+  const std::string pc850 = "\x1B(t\x03" + std::string(1, '\0') + "\x01\x03" + std::string(1, '\0');
+  profile.codes[static_cast<std::size_t>(ControlCode::internationalChars)] = tarvo::fromUtf8(pc850);
+  const double whole = inkOf(pc850 + "\r\n\r\n", 24);
+  EXPECT_NEAR(inkOf(pc850, 0), whole, 1e-9);
+  const double last = inkOf(pc850 + "\r\n\r\n\r\n\r\n\r\n\r\n\r\n", 84);
+  EXPECT_NEAR(last, whole, 0.002);  // the perforation's ink is under it
+  EXPECT_EQ(drawn(pc850 + "\r\n\r\n\xB5gjpy").ink(kLeft, 0, 8 * kColumn, 24), 0);
+}
+
+TEST_F(PageFilesTest, TheFirstLineBeginsBelowTheFoldWhereThereIsRoom) {
+  EXPECT_EQ(printedTopFor(65 * 12, 792), 6);
+  EXPECT_EQ(printedTopFor(65 * 12 + 9, 792), 3);
+  EXPECT_EQ(printedTopFor(792, 792), 0);
+  EXPECT_EQ(printedTopFor(792 + 5, 792), 0);
+  const double usual = drawn("\xDB").ink(kLeft + 1, 1, 5, 10);
+  paper.printedTop = 6;
+  const Picture lower = drawn("\xDB");
+  EXPECT_EQ(lower.ink(kLeft + 1, 0, 5, 5.5), 0);
+  EXPECT_NEAR(lower.ink(kLeft + 1, 7, 5, 10), usual, 1e-9);
 }
 
 TEST_F(PageFilesTest, PaperHasHolesAndPerforations) {
@@ -208,6 +253,10 @@ TEST_F(PageFilesTest, BarsAreOnTheSheetAlone) {
   EXPECT_EQ(picture.partOf(60, 38, 500, 32, isGreen), 1);
   EXPECT_EQ(picture.partOf(60, 2, 500, 32, isGreen), 0);
   EXPECT_EQ(picture.partOf(0, 0, 34, 96, isGreen), 0);
+  paper.printedTop = 6;
+  const Picture lower = drawn(" ");
+  EXPECT_EQ(lower.partOf(60, 42.5, 500, 35, isGreen), 1);
+  EXPECT_EQ(lower.partOf(60, 2, 500, 39, isGreen), 0);
 }
 
 TEST_F(PageFilesTest, WideLinesNeedWidePaper) {

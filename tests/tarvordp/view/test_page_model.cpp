@@ -87,7 +87,25 @@ constexpr LineCase kLineCases[] = {
      "Fb"sv,
      R"( @0 w72 "ab")"},
     {"unknown bytes take no room", "epson-9pin", "a\x1BkQb"sv,
-     R"( @0 w72 "a" @72 <1B 6B> @72 w72 "Qb")"},
+     R"( @0 w72 "a" @72 <1B 6B 51> @72 w72 "b")"},
+    {"unknown codes whose end is unknown", "plain", "a\x1BkQb"sv,
+     R"( @0 w72 "a" @72 <1B 6B ?> @72 w72 "Qb")"},
+    {"graphics take their room", "epson-9pin",
+     "a\x1BK\x0C\x00"
+     "123456789012b"sv,
+     R"( @0 w72 "a" @72 <1B 4B 0C 00: 12 bytes of graphics> w144 @216 w72 "b")"},
+    {"graphics of 24 pins are finer", "epson-24pin",
+     "\x1B*\x27\x02\x00"
+     "123456b"sv,
+     R"( @0 <1B 2A 27 02 00: 6 bytes of graphics> w8 @8 w72 "b")"},
+    {"graphics that are cut off", "ibm-proprinter",
+     "\x1BL\x00\x01"
+     "12"sv,
+     R"( @0 <1B 4C 00 01: 2 of 256 bytes of graphics> w1536)"},
+    {"much data is counted", "ibm-proprinter",
+     "\x1B=\x09\x00"
+     "123456789b"sv,
+     R"( @0 <1B 3D 09 00: 9 bytes> @0 w72 "b")"},
     {"printing over the line", "plain", "ab\r__"sv, R"( @0 w72 "ab" @0 pass1 w72 "__")"},
     {"carriage returns of an empty line", "plain", "\r\rab"sv, R"( @0 w72 "ab")"},
     {"tabs go to every eighth column", "plain", "ab\tc\t"sv,
@@ -149,7 +167,7 @@ constexpr PageCase kPageCases[] = {
      "0+12 @0 w72 underlined \"a\"\n12+0 @0 w72 underlined \"b\"\nejected of 792\n"
      "0+0 @0 w72 underlined \"c\" @72 w72 \"d\"\nend of 792\n"},
     {"an unknown code at the end", "plain", "a\f\x1Bk"sv,
-     "0+0 @0 w72 \"a\"\nejected of 792\n0+0 @0 <1B 6B>\nend of 792\n"},
+     "0+0 @0 w72 \"a\"\nejected of 792\n0+0 @0 <1B 6B ?>\nend of 792\n"},
 };
 
 TEST(PageModel, PagesOfAJob) {
@@ -224,6 +242,17 @@ TEST(PageModel, BlanksAtTheEndMakeALineNoWider) {
   EXPECT_EQ(widthOfLine("abc\ra\r\n"), 216);
 }
 
+TEST(PageModel, GraphicsEndAtThePapersEdge) {
+  const std::string bytes = "\x1BK\xFF\x03" + std::string(0x3FF, 'x') + "a\r\nb";
+  const auto pages = pagesOf(bytes, shipped("epson-9pin"));
+  ASSERT_EQ(pages.size(), 1U);
+  const auto& lines = pages[0].lines;
+  ASSERT_EQ(lines.size(), 3U);
+  EXPECT_EQ(widthOf(lines[0]), kWidestLine);
+  EXPECT_EQ(lines[1].runs.at(0).text, u"a");
+  EXPECT_EQ(lines[2].runs.at(0).text, u"b");
+}
+
 TEST(PageModel, ExpandedPrintBySoEndsWithTheLine) {
   const Profile profile =
       profileFrom(R"({"ChrInitExpanded": "\u000e", "ChrEndExpanded": "\u0014"})");
@@ -261,7 +290,7 @@ TEST(PageModel, InitialStringsDoWhatTheirCodesDo) {
                    "C!a\x1B"
                    "E\r\nb",
                    profile),
-            "0+12 @0 w42 \"!a\"\n12+0 @0 w42 bold \"b\"\nend of 792\n");
+            "0+12 @0 w42 \"a\"\n12+0 @0 w42 bold \"b\"\nend of 792\n");
 }
 
 TEST(PageModel, TheCharacterSetIsTheOneThatTheJobSelects) {
@@ -270,6 +299,13 @@ TEST(PageModel, TheCharacterSetIsTheOneThatTheJobSelects) {
           "\u001b(t\u0003\u0000\u0001\u0003\u0000\u001bt\u0001\u001b6"})");
   EXPECT_EQ(dumpOf("\xB5\x1B(t\x03\x00\x01\x03\x00\x1Bt\x01\x1B\x36\xB5\x1B@\xB5"sv, profile),
             "0+0 @0 w72 \"╡Á╡\"\nend of 792\n");
+}
+
+TEST(PageModel, TheEuroSignIsThatOfPc858) {
+  const Profile profile = profileFrom(
+      R"({"ChrInternationalChars": "\u001b[T\u0005\u0000\u0000\u0000\u0003\u005a\u0000"})");
+  EXPECT_EQ(dumpOf("\xD5\x1B[T\x05\x00\x00\x00\x03Z\x00\xD5\xB5\xA4"sv, profile),
+            "0+0 @0 w72 \"╒€Áñ\"\nend of 792\n");
 }
 
 TEST(PageModel, EveryByteIsSeenOrObeyed) {

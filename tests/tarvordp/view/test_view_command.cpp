@@ -1,12 +1,15 @@
+#include <cairo.h>
 #include <gmock/gmock.h>
 
 #include <fstream>
+#include <iterator>
 #include <sstream>
 #include <string>
 
 #include "command_run.h"
 #include "equipment/golden.h"
 #include "equipment/temporary_folder.h"
+#include "tarvordp/command_line.h"
 #include "tarvordp/profile/profile.h"
 
 namespace tarvordp {
@@ -56,8 +59,8 @@ TEST_F(ViewCommand, ShowsTheTestPageOfEveryProfileAlike) {
 }
 
 TEST_F(ViewCommand, GivesPlainText) {
-  print("\x1BW\x01N\xA7 1\x1BW" + std::string(1, '\0') + "\r\nx\x1Bk\f");
-  EXPECT_EQ(view({"--profile", "epson-9pin", "--text"}).out, "Nº 1\nx<1B 6B>\n\f");
+  print("\x1BW\x01N\xA7 1\x1BW" + std::string(1, '\0') + "\r\nx\x1BkA\f");
+  EXPECT_EQ(view({"--profile", "epson-9pin", "--text"}).out, "Nº 1\nx<1B 6B 41>\n\f");
 }
 
 TEST_F(ViewCommand, DrawsPicturesAndAPdf) {
@@ -70,6 +73,35 @@ TEST_F(ViewCommand, DrawsPicturesAndAPdf) {
                          path("all.pdf") + " written, 2 pages\n");
   EXPECT_THAT(folder.contentOf(u"page-2.png"), StartsWith("\x89PNG"));
   EXPECT_THAT(folder.contentOf(u"all.pdf"), StartsWith("%PDF-"));
+}
+
+// The first row of pixels with ink on the printed part of the paper.
+int firstInk(const std::string& picture) {
+  cairo_surface_t* surface = cairo_image_surface_create_from_png(picture.c_str());
+  const unsigned char* data = cairo_image_surface_get_data(surface);
+  const int stride = cairo_image_surface_get_stride(surface);
+  int row = 0;
+  const auto isInk = [&](int column) {
+    const unsigned char* pixel = data + row * stride + column * 4;
+    return pixel[0] + pixel[1] + pixel[2] < 300;
+  };
+  const int height = cairo_image_surface_get_height(surface);
+  while (row < height && !isInk(112)) ++row;
+  cairo_surface_destroy(surface);
+  return row;
+}
+
+TEST_F(ViewCommand, DrawsTheFirstLineBelowTheFoldUnlessThePageIsFull) {
+  const auto firstInkOf = [&](int lines) {
+    std::string bytes;
+    for (int i = 0; i < lines; ++i) bytes += "\xDB\r\n";
+    print(bytes + "  \f");  // blanks need no room
+    EXPECT_EQ(view({"--profile", "plain", "--png", path("page")}).status, kDone);
+    return firstInk(path("page-1.png"));
+  };
+  EXPECT_EQ(firstInkOf(66), 0);
+  EXPECT_EQ(firstInkOf(65), 12);
+  EXPECT_EQ(firstInkOf(1), 12);
 }
 
 TEST_F(ViewCommand, DrawsAndGivesTextAtOnce) {
@@ -102,7 +134,7 @@ TEST_F(ViewCommand, AnEmptyFileHasNoPages) {
 
 TEST_F(ViewCommand, AFileThatEndsInTheMiddleIsShownUpToThere) {
   print("uno\r\ndos\x1B");
-  EXPECT_EQ(view({"--profile", "epson-9pin", "--text"}).out, "uno\ndos<1B>\n");
+  EXPECT_EQ(view({"--profile", "epson-9pin", "--text"}).out, "uno\ndos<1B ?>\n");
 }
 
 TEST_F(ViewCommand, ManyPagesAreShown) {
@@ -112,6 +144,21 @@ TEST_F(ViewCommand, ManyPagesAreShown) {
   const CommandRun run = view({"--profile", "plain"});
   EXPECT_THAT(run.out, HasSubstr("──── page 1516 of 1516 ────"));
   EXPECT_THAT(run.out, EndsWith("line 99999\n"));
+}
+
+TEST_F(ViewCommand, ACharacterSetThatIsNotKnownIsTold) {
+  print(
+      "Pe\xA4"
+      "a\r\n");
+  folder.write(u"p.json", R"({"ChrInternationalChars": "\u001b(t\u0003\u0000\u0001\u0007\u0000"})");
+  const CommandRun run = view({"--profile", path("p.json"), "--text"});
+  EXPECT_EQ(run.status, kDone);
+  EXPECT_EQ(run.out, "Peña\n");
+  EXPECT_EQ(
+      run.err,
+      "tarvordp: the profile's character set (ChrInternationalChars, 1B 28 74 03 00 01 07 00) "
+      "is not known here: letters beyond ASCII are shown as those of PC437\n");
+  EXPECT_EQ(view({"--profile", "epson-24pin", "--text"}).err, "");
 }
 
 TEST_F(ViewCommand, MistakesAreTold) {
@@ -129,12 +176,10 @@ TEST_F(ViewCommand, AnOutputStreamThatFailsIsTold) {
   std::ofstream full("/dev/full");
   std::ostringstream err;
   Console console{full, err, false, false, false};
-  CLI::App program("", "tarvordp");
-  int status = kDone;
-  addViewCommand(program, console, status);
-  program.parse(std::vector<std::string>{"--text", "plain", "--profile", path("job.prn"), "view"});
-  EXPECT_EQ(status, kNotPrinted);
-  EXPECT_EQ(err.str(), "tarvordp: the pages cannot be written to the output\n");
+  const std::string file = path("job.prn");
+  const char* const words[] = {"tarvordp", "view", file.c_str(), "--profile", "plain", "--text"};
+  EXPECT_EQ(run(static_cast<int>(std::size(words)), words, console), kRunTimeError);
+  EXPECT_EQ(err.str(), "tarvordp: the standard output was not written whole\n");
 }
 
 TEST_F(ViewCommand, AnOutputThatCannotBeWrittenIsTold) {

@@ -49,7 +49,11 @@ class AttributeRules {
 
   void checkIif(const WrittenAttribute& attribute) {
     hasIif_ = true;
-    if (!attribute.argument) {
+    if (variable_.isConstant() || controlOf(variable_) != tarvo::Control::kNone) {
+      warning(attribute.at,
+              "IIF chooses by the client's enumeration or boolean: it has no effect "
+              "here");
+    } else if (!attribute.argument) {
       error(attribute.at, "IIF without its values: IIF(\"X\",value,value)");
     } else if (!attribute.argument->close) {
       error(attribute.argument->open, "the '(' of IIF is not closed");

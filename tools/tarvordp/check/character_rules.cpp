@@ -1,8 +1,8 @@
 #include <algorithm>
 
-#include "tarvordp/check/printer_letters.h"
 #include "tarvordp/check/rules.h"
 #include "tarvordp/profile/profile.h"
+#include "tarvordp/view/character_set.h"
 
 namespace tarvordp {
 namespace {
@@ -19,9 +19,12 @@ std::string hexadecimal(std::uint8_t byte) {
 
 class CharacterRules {
  public:
-  explicit CharacterRules(RuleContext& context)
-      : context_(context), hasSet_(context.profile != nullptr) {
-    if (hasSet_) set_ = setChosenBy(context.profile->code(ControlCode::internationalChars));
+  explicit CharacterRules(RuleContext& context) : context_(context) {
+    if (context.profile == nullptr) return;
+    const SetSelection selection =
+        selectedBy(bytesSent(*context.profile, ControlCode::internationalChars));
+    set_ = selection.set;
+    hasSet_ = selection.unknown.empty();
   }
 
   void check() {
@@ -91,8 +94,8 @@ class CharacterRules {
 
   bool tellLetter(Place place, char16_t c) {
     const std::uint8_t byte = context_.services.printedByte(c);
-    const char16_t printed = printedCharacter(set_, byte);
-    if (printed == c) return false;
+    const char16_t printed = characterOf(set_, byte);
+    if (context_.isOtherEncoding || printed == c) return false;
     const std::string leaves = quoted(TextView(&c, 1)) + " leaves as byte " + hexadecimal(byte) +
                                " and prints as " + quoted(TextView(&printed, 1));
     const std::string set = nameOf(set_);
@@ -110,8 +113,8 @@ class CharacterRules {
   }
 
   RuleContext& context_;
-  bool hasSet_;
-  PrinterSet set_ = PrinterSet::kPc437;
+  bool hasSet_ = false;
+  CharacterSet set_ = CharacterSet::pc437;
   Text told_;  // once a line
 };
 

@@ -24,15 +24,26 @@ constexpr const char* kCheckHelp =
     "  warning  prints, but probably not what was meant\n"
     "  note     worth knowing\n"
     "\n"
-    "Exit status: 0 no errors (there may be warnings and notes), 1 errors, 2 a template or a\n"
-    "profile that cannot be read, or wrong arguments.";
+    "Exit status:\n"
+    "  0  no errors; there may be warnings and notes\n"
+    "  1  errors\n"
+    "  2  wrong arguments, or a template or a profile that cannot be read\n"
+    "\n"
+    "Examples:\n"
+    "  tarvordp check INVOICE.ID --profile epson-9pin\n"
+    "  tarvordp check plantillas/*.ID";
 
 constexpr const char* kFieldsHelp =
     "One table for each section: the page header, the body, the insert body and the page footer\n"
     "of a master-detail report, or a form's sheet. A width of \"-\" is the value's own.\n"
     "Control words and constants need no answer and are not shown.\n"
     "\n"
-    "Exit status: 0, or 2 when a template cannot be read.";
+    "Exit status:\n"
+    "  0  listed\n"
+    "  2  wrong arguments, or a template that cannot be read\n"
+    "\n"
+    "Examples:\n"
+    "  tarvordp fields INVOICE.ID";
 
 const std::map<std::string, TemplateKind> kKinds{{"form", TemplateKind::kForm},
                                                  {"master-detail", TemplateKind::kMasterDetail}};
@@ -90,7 +101,7 @@ int fields(const std::vector<std::string>& templates, Console& console) {
 void addCheckCommand(CLI::App& program, Console& console, int& status) {
   const auto arguments = std::make_shared<CheckArguments>();
   CLI::App* command =
-      program.add_subcommand("check", "Finds mistakes in templates before they are printed");
+      program.add_subcommand("check", "Find mistakes in templates before they are printed");
   command->add_option("TEMPLATE", arguments->templates, "Template files (.ID)")->required();
   command
       ->add_option("--kind", arguments->kind,
@@ -106,7 +117,7 @@ void addCheckCommand(CLI::App& program, Console& console, int& status) {
 void addFieldsCommand(CLI::App& program, Console& console, int& status) {
   const auto templates = std::make_shared<std::vector<std::string>>();
   CLI::App* command =
-      program.add_subcommand("fields", "Lists what a client must answer to print templates");
+      program.add_subcommand("fields", "List what a client must answer to print templates");
   command->add_option("TEMPLATE", *templates, "Template files (.ID)")->required();
   command->footer(kFieldsHelp);
   command->callback([templates, &console, &status] { status = fields(*templates, console); });

@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "frame/decimal.h"
 #include "frame/upper_case.h"
 #include "reports/library_variables.h"
@@ -58,6 +60,35 @@ class ControlRules {
     }
   }
 
+  bool isValueOfClient(const WrittenVariable& variable) const {
+    return variable.wasRead && !isAnsweredByLibrary(variable);
+  }
+
+  static bool areOneValue(const WrittenVariable& a, const WrittenVariable& b) {
+    return a.parsed->GetFieldName() == b.parsed->GetFieldName() &&
+           tarvo::upperCase(a.parsed->GetRecordName()) ==
+               tarvo::upperCase(b.parsed->GetRecordName()) &&
+           !a.parsed->GetIsFieldOfArray() && !b.parsed->GetIsFieldOfArray();
+  }
+
+  // Of a line that is repeated by its values, each place takes the next one.
+  void tellTwice() {
+    const auto& all = line_.variables;
+    for (std::size_t i = 0; i < all.size(); ++i) {
+      if (!isValueOfClient(all[i])) continue;
+      const auto first = std::find_if(all.begin(), all.begin() + static_cast<std::ptrdiff_t>(i),
+                                      [&](const auto& each) { return areOneValue(each, all[i]); });
+      if (first == all.begin() + static_cast<std::ptrdiff_t>(i)) continue;
+      const std::string name = tarvo::toUtf8(all[i].parsed->GetFieldName());
+      findings().warning(placeOf(all[i]),
+                         "a repeated line asks for " + name + " at both its places, and each may " +
+                             "take the next value: a long text may never end (run-time error 6); " +
+                             "a condition on it has an element number, {" + name +
+                             "[1],n,CONDICION}");
+      return;
+    }
+  }
+
   // The library asks the line's last variable whether the line is done.
   void checkRepeat(const WrittenVariable& word) {
     const WrittenVariable& last = line_.variables.back();
@@ -71,6 +102,8 @@ class ControlRules {
       findings().warning(placeOf(last),
                          "the line's last variable ends the repetition: behind REPEAT that "
                          "must be one of the client's");
+    } else {
+      tellTwice();
     }
   }
 
@@ -91,11 +124,7 @@ class ControlRules {
       return;
     }
     if (flags_.lines > 1) tellSkips(word);
-    if (section_ == Section::kBody && isLastOfBody() && !hasHeader()) {
-      findings().warning(placeOf(word),
-                         "without a header line to end it, this break repeats for every empty "
-                         "line behind the records");
-    }
+    if (isLastOf(Section::kBody) || isLastOf(Section::kInsertBody)) tellEmptyLines(word);
     if (!isForm()) {
       findings().note(placeOf(word),
                       "with a top margin of lines (SetTopMarginLines) SALTAPAGINA never ends "
@@ -112,12 +141,43 @@ class ControlRules {
     findings().warning(placeOf(word), what + lines);
   }
 
+  // The break of the line that was measured or printed last holds for the empty lines that follow,
+  // until a header's line ends it.
+  void tellEmptyLines(const WrittenVariable& word) {
+    const bool isInsert = section_ == Section::kInsertBody;
+    if (!hasHeader()) {
+      findings().warning(
+          placeOf(word),
+          std::string("without a header line to end it, this break repeats for every "
+                      "empty line ") +
+              (isInsert ? "of the body" : "behind the records"));
+    } else if (isInsert) {
+      findings().warning(placeOf(word),
+                         "a break in the insert body's last line breaks the page for the empty "
+                         "lines before the insert body too: a page with little but the header is "
+                         "lost");
+    } else if (linesOf(Section::kBody) > 1 &&
+               linesOf(Section::kBody) == context_.of.bodyLines.value_or(0)) {
+      findings().warning(placeOf(word),
+                         "a record takes all lines of {CUERPO=n} and breaks the page in its last "
+                         "one: a page is lost before the next record");
+    }
+  }
+
+  int linesOf(Section section) const {
+    std::size_t lines = 0;
+    for (const TemplateLine& each : context_.of.lines) {
+      if (each.section == section) lines += flagsOf(each.line).lines;
+    }
+    return static_cast<int>(lines);
+  }
+
   bool hasHeader() const { return context_.of.lines.front().section == Section::kHeader; }
 
-  // What follows a line of the body is a marker.
-  bool isLastOfBody() const {
-    return line_.number < context_.of.lines.size() &&
-           context_.of.lines[line_.number].section != Section::kBody;
+  // What follows its lines is a marker.
+  bool isLastOf(Section section) const {
+    return section_ == section && line_.number < context_.of.lines.size() &&
+           context_.of.lines[line_.number].section != section;
   }
 
   RuleContext& context_;

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "reports/library_variables.h"
+#include "tarvordp/check/file_form.h"
 
 namespace tarvordp {
 namespace {
@@ -184,6 +185,7 @@ void writeTable(std::ostream& out, const std::vector<Row>& rows) {
 }  // namespace
 
 TemplateFields fieldsOf(std::string_view bytes, Findings& findings) {
+  if (checkedFileForm(bytes, findings) == FileForm::unreadable) return {TemplateKind::kForm, {}};
   ParserServices services;
   const std::vector<Text> lines = templateLines(bytes);
   const Template read = readTemplate(lines, guessedKind(lines), services, findings);

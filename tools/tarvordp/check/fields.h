@@ -31,8 +31,8 @@ struct TemplateFields {
 };
 
 // Control words and constants are not among them; what the report answers itself is, and its hint
-// says so.  `findings` gets what is wrong with the template's markers, braces and attributes.
-// The kind is guessed.
+// says so.  `findings` gets what is wrong with the file, and with the template's markers, braces
+// and attributes.  The kind is guessed.
 TemplateFields fieldsOf(std::string_view bytes, Findings& findings);
 
 // As a table for people.

@@ -6,12 +6,12 @@ target_sources(tarvordp_parts PRIVATE
   ${CMAKE_CURRENT_LIST_DIR}/commands.cpp
   ${CMAKE_CURRENT_LIST_DIR}/control_rules.cpp
   ${CMAKE_CURRENT_LIST_DIR}/fields.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/file_form.cpp
   ${CMAKE_CURRENT_LIST_DIR}/findings.cpp
   ${CMAKE_CURRENT_LIST_DIR}/name_rules.cpp
   ${CMAKE_CURRENT_LIST_DIR}/nearest_word.cpp
   ${CMAKE_CURRENT_LIST_DIR}/page_rules.cpp
   ${CMAKE_CURRENT_LIST_DIR}/parser_services.cpp
-  ${CMAKE_CURRENT_LIST_DIR}/printer_letters.cpp
   ${CMAKE_CURRENT_LIST_DIR}/sections.cpp
   ${CMAKE_CURRENT_LIST_DIR}/value_rules.cpp
   ${CMAKE_CURRENT_LIST_DIR}/width_rules.cpp

@@ -56,15 +56,23 @@ class NameRules {
 
   // A master-detail report's markers count as they are written alone.
   bool tellNearMarker() {
-    if (context_.of.kind != TemplateKind::kMasterDetail) return false;
     const Text& inside = variable_.parsed->GetReadText();
     const Text likely = nearestMarker(inside);
     const Text written = u"{" + tarvo::upperCase(inside) + u"}";
     const bool isMarker =
         written == likely || (likely == u"{CUERPO=n}" && written.starts_with(u"{CUERPO="));
+    if (context_.of.kind == TemplateKind::kForm) {
+      if (isMarker) tellMarkerInForm(inside);
+      return isMarker;
+    }
     if (likely.empty() || isMarker || !variable_.attributes.empty()) return isMarker;
     warning(quoted(u"{" + inside + u"}") + " is no marker, did you mean " + toUtf8(likely) + "?");
     return true;
+  }
+
+  void tellMarkerInForm(const Text& inside) {
+    warning(quoted(u"{" + inside + u"}") +
+            " is a marker of master-detail reports: a form asks the client for it");
   }
 
   void tellNearWord() {

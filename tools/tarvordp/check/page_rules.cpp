@@ -43,6 +43,7 @@ class MasterDetailRules {
   void check() {
     for (const TemplateLine& each : context_.of.lines) add(each);
     tellConditionalHeader();
+    tellNoEnd();
     if (marker_ == nullptr || context_.of.bodyLines.value_or(0) <= 0) return;
     tellLargeBodies();
     checkPage();
@@ -87,6 +88,16 @@ class MasterDetailRules {
     context_.findings.warning({header_.conditional->line.number, 1},
                               "a condition may suppress this line: every page's header must be as "
                               "high as the first one's");
+  }
+
+  // The body takes the page's length away once it is reached.
+  void tellNoEnd() {
+    const PageConstants& constants = context_.of.constants;
+    if (marker_ == nullptr || context_.of.bodyLines != 0) return;
+    if (constants.isHalfLetter || constants.maxLinPage.value_or(0) == 0) return;
+    context_.findings.warning(marker_->line.place(0),
+                              "{CUERPO=0} takes every page's end away: NMAXLINPAGINA has no "
+                              "effect");
   }
 
   void tellLargeBodies() {

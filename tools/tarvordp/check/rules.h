@@ -13,6 +13,7 @@ struct RuleContext {
   const Profile* profile;  // null: none was given
   ParserServices& services;
   Findings& findings;
+  bool isOtherEncoding = false;  // its letters are not those that the library reads
 };
 
 // Attributes of one variable: arguments, values, widths that make no sense.

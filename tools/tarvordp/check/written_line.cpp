@@ -13,6 +13,7 @@ using tarvo::Text;
 using tarvo::TextView;
 
 constexpr std::size_t kNone = Text::npos;
+constexpr std::size_t kLastPosition = 32767;  // that the library counts to
 
 // Only while variables follow does a "}" by itself do more than print.
 void tellStrayBraces(WrittenLine& line, std::size_t from, std::size_t to, Findings& findings) {
@@ -41,6 +42,12 @@ void readVariables(WrittenLine& line, ParserServices& services, Findings& findin
          inner = line.text.find(u'{', open + 1)) {
       findings.error(line.place(open), "a '{' whose '}' is missing before the next '{'");
       open = inner;
+    }
+    if (close >= kLastPosition && line.variables.empty()) {
+      findings.error(line.place(open),
+                     "a variable behind the line's 32,767th character ends the report (run-time "
+                     "error 6)");
+      return;
     }
     line.variables.push_back(readVariable(line.text, line.number, open, close, services, findings));
     from = close + 1;

@@ -7,6 +7,7 @@
 
 #include "frame/decimal.h"
 #include "frame/text.h"
+#include "tarvordp/json/excerpt.h"
 
 namespace tarvordp {
 namespace {
@@ -14,11 +15,6 @@ namespace {
 // Amounts have 15 digits before their decimals; what is below any rounding needs no digit behind.
 constexpr std::int64_t kTooManyUnits = 16;
 constexpr std::int64_t kTooManyZeros = 8;
-
-std::string quoted(std::string_view text) {
-  std::string quoted = "\"";
-  return quoted.append(text).append("\"");
-}
 
 bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
@@ -58,14 +54,14 @@ struct WrittenNumber {
   std::int64_t unitCount = 0;  // how many of them stand before the decimals; may be negative
 };
 
-std::optional<WrittenNumber> takeApart(std::string_view text) {
+std::optional<WrittenNumber> takeApart(std::string_view text, std::string_view separators) {
   WrittenNumber number;
   number.isNegative = text.starts_with('-');
   takeOneOf(text, "+-");
   const std::string_view units = takeDigits(text);
   if (units.empty()) return std::nullopt;
   std::string_view decimals;
-  if (takeOneOf(text, ".,")) {
+  if (takeOneOf(text, separators)) {
     decimals = takeDigits(text);
     if (decimals.empty()) return std::nullopt;
   }
@@ -94,16 +90,28 @@ void writeOut(const WrittenNumber& number, tarvo::Text& units, tarvo::Text& deci
 }
 
 [[noreturn]] void tooLarge(std::string_view written) {
-  throw BadValue(quoted(written) +
+  throw BadValue(quotedExcerpt(written) +
                  " is no amount: the greatest one is 922337203685477.5807, and the least one is "
                  "-922337203685477.5808");
 }
 
-}  // namespace
+constexpr std::string_view kPoint = ".";
+constexpr std::string_view kPointOrComma = ".,";
 
-tarvo::Currency readAmount(std::string_view written) {
-  const std::optional<WrittenNumber> number = takeApart(written);
-  if (!number) throw BadValue(quoted(written) + " is no number");
+// Who wrote more than one separator, or another one, is told what may stand there.
+[[noreturn]] void noNumber(std::string_view written, std::string_view separators) {
+  std::string wrong = quotedExcerpt(written) + " is no number";
+  if (written.find_first_of("0123456789") != std::string_view::npos &&
+      written.find_first_of(kPointOrComma) != std::string_view::npos) {
+    wrong += separators == kPoint ? ": write \".\"" : ": write one \",\" or \".\"";
+    wrong += " before its decimals, and nothing between its thousands";
+  }
+  throw BadValue(wrong);
+}
+
+tarvo::Currency amountOf(std::string_view written, std::string_view separators) {
+  const std::optional<WrittenNumber> number = takeApart(written, separators);
+  if (!number) noNumber(written, separators);
   if (number->digits.empty() || number->unitCount < -kTooManyZeros) return {};
   if (number->unitCount >= kTooManyUnits) tooLarge(written);
   tarvo::Text units;
@@ -115,6 +123,14 @@ tarvo::Currency readAmount(std::string_view written) {
   } catch (const tarvo::RunTimeError&) {
     tooLarge(written);
   }
+}
+
+}  // namespace
+
+tarvo::Currency readAmount(std::string_view written) { return amountOf(written, kPoint); }
+
+tarvo::Currency readCellAmount(std::string_view written) {
+  return amountOf(written, kPointOrComma);
 }
 
 std::string amountText(tarvo::Currency amount) {
@@ -162,9 +178,9 @@ tarvo::Date readDate(std::string_view written, std::string_view separators) {
   try {
     return tarvo::dateOf(civilTimeIn(written, separators));
   } catch (const std::bad_optional_access&) {
-    throw BadValue(quoted(written) + " is no date: write YYYY-MM-DD or YYYY-MM-DDTHH:MM:SS");
+    throw BadValue(quotedExcerpt(written) + " is no date: write YYYY-MM-DD or YYYY-MM-DDTHH:MM:SS");
   } catch (const tarvo::RunTimeError&) {
-    throw BadValue(quoted(written) + " is no day of the calendar");
+    throw BadValue(quotedExcerpt(written) + " is no day of the calendar");
   }
 }
 

@@ -17,10 +17,14 @@ class BadValue : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-// The amount that a decimal number says: an optional sign, digits, optionally "." or "," and
-// digits, optionally an exponent ("1.5e3").  More than four decimals round half to even.
+// The amount that a decimal number says: an optional sign, digits, optionally "." and digits,
+// optionally an exponent ("1.5e3").  More than four decimals round half to even.
 // Raises: BadValue for any other text, and for an amount outside the range of amounts.
 tarvo::Currency readAmount(std::string_view written);
+
+// The same for a cell of a table of data, where "," may stand in the place of the ".".  Nothing
+// stands between thousands: a number with two separators is none, and "1,234" is less than two.
+tarvo::Currency readCellAmount(std::string_view written);
 
 // The amount as a plain decimal number: "1250.5", "-0.05", "0".
 std::string amountText(tarvo::Currency amount);

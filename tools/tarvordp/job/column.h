@@ -16,17 +16,15 @@ struct Column {
 };
 
 // Takes the kind off a column's written name: ":date", ":enum", ":bool", ":number" or ":text".
-// Raises: BadValue when what stands behind the last ":" is no kind.
+// Raises: BadValue when what stands behind the last ":" is no kind, and for a name that is not
+// UTF-8.
 Column readColumn(std::string_view written);
 
 // The value of a cell that is a text; a column without a kind holds texts.
-//   :bool    true/false, 1/0, S/N, sí/no, in either case
-//   :number  as readAmount
+//   :bool    true/false, 1/0, S/N, sí/no, in either case; sí also without its accent
+//   :number  as readCellAmount
 //   :date    as readDate, and with a blank between date and time
 // Raises: BadValue for a text that is none of its kind, and for one that is not UTF-8.
 JobValue cellValue(std::string_view text, ColumnKind kind);
-
-// The text; raises: BadValue when it is not UTF-8.
-tarvo::Text checkedText(std::string_view utf8);
 
 }  // namespace tarvordp

@@ -9,10 +9,8 @@
 namespace tarvordp {
 namespace {
 
-// A line that looks empty, but for a table of one column, where it is a value.
-bool isBlank(const CsvRow& row) {
-  return row.cells.size() == 1 && !row.cells[0].empty() &&
-         row.cells[0].find_first_not_of(" \t") == std::string::npos;
+std::string counted(std::size_t count, const std::string& thing) {
+  return std::to_string(count) + " " + thing + (count == 1 ? "" : "s");
 }
 
 class CsvRecords final : public RecordSource {
@@ -25,13 +23,13 @@ class CsvRecords final : public RecordSource {
   void restart() override {
     told([&] {
       rows_->restart();
-      nextRow();
+      rows_->next(row_);
     });
   }
 
   bool next(Record& record) override {
     return told([&] {
-      if (!nextRow()) return false;
+      if (!rows_->next(row_)) return false;
       readRow(record);
       return true;
     });
@@ -59,15 +57,8 @@ class CsvRecords final : public RecordSource {
     where_.mistake(path_ + ": line " + std::to_string(line) + ": " + whatIsWrong);
   }
 
-  bool nextRow() {
-    do {
-      if (!rows_->next(row_)) return false;
-    } while (columns_.size() != 1 && isBlank(row_));
-    return true;
-  }
-
   void readNames() {
-    if (!nextRow()) where_.mistake(path_ + ": there is no row of column names");
+    if (!rows_->next(row_)) where_.mistake(path_ + ": there is no row of column names");
     auto names = std::make_shared<RecordNames>();
     for (const std::string& cell : row_.cells) {
       columns_.push_back(readColumn(cell));
@@ -77,15 +68,22 @@ class CsvRecords final : public RecordSource {
   }
 
   void readRow(Record& record) const {
-    if (row_.cells.size() != columns_.size()) {
-      throw BadValue("the row has " + std::to_string(row_.cells.size()) + " cells, and there are " +
-                     std::to_string(columns_.size()) + " columns");
-    }
+    if (row_.cells.size() != columns_.size()) throw BadValue(wrongSize());
     record.names = names_;
     record.values.clear();
     for (std::size_t i = 0; i < columns_.size(); ++i) {
       record.values.push_back(valueOf(row_.cells[i], columns_[i]));
     }
+  }
+
+  // Many programs write ";" or a tabulator where they should write ",".
+  std::string wrongSize() const {
+    std::string wrong = "the row has " + counted(row_.cells.size(), "cell") +
+                        (columns_.size() == 1 ? ", and there is " : ", and there are ") +
+                        counted(columns_.size(), "column");
+    const bool mayBeSeparatedElse =
+        columns_.size() == 1 && columns_[0].name.find_first_of(u";\t") != tarvo::Text::npos;
+    return mayBeSeparatedElse ? wrong + ": only a comma separates columns" : wrong;
   }
 
   static JobValue valueOf(const std::string& cell, const Column& column) {

@@ -1,8 +1,12 @@
 // Records of a CSV file: UTF-8, with or without a byte order mark, by RFC 4180, with a row of
 // column names (column.h) first.
 //
-// Blanks belong to their cells.  Blank lines are skipped; a row with fewer or more cells than the
-// first one is a mistake.  An empty cell of a column that says its kind is no value.
+// Blanks belong to their cells.  Blank lines are skipped: lines with nothing, or with nothing but
+// blanks and tabulators, outside of a cell in quotation marks.  That is so for one column too:
+// there an empty value, or one of blanks alone, is a record when it stands in quotation marks.
+//
+// A row with fewer or more cells than the first one is a mistake.  An empty cell of a column that
+// says its kind is no value.
 //
 // The file is read row by row, and once more after every restart().
 #pragma once

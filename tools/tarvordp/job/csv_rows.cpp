@@ -1,5 +1,6 @@
 #include "tarvordp/job/csv_rows.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <new>
 #include <system_error>
@@ -38,6 +39,8 @@ void CsvRows::restart() {
   if (!file_) failToRead(path_);
   startParser();
   isEnded_ = false;
+  chunk_.clear();
+  next_ = 0;
   line_ = 0;
   rowLine_ = 0;
   cells_.clear();
@@ -56,18 +59,34 @@ bool CsvRows::next(CsvRow& row) {
 
 // False at the end of the file.
 bool CsvRows::feedLine() {
+  if (next_ == chunk_.size() && !readChunk()) return false;
+  const std::string_view line = takeLine();
+  const bool isInRow = rowLine_ != 0;
+  if (!isInRow && line.find_first_not_of(" \t\r\n") == std::string_view::npos) return true;
+  if (!isInRow) rowLine_ = line_;
+  feed(line);
+  return true;
+}
+
+bool CsvRows::readChunk() {
   errno = 0;
-  bytes_.clear();  // getline leaves it as it is once the end was met
-  const bool isRead = static_cast<bool>(std::getline(file_, bytes_));
+  chunk_.clear();  // getline leaves it as it is once the end was met
+  next_ = 0;
+  const bool isRead = static_cast<bool>(std::getline(file_, chunk_));
   if (file_.bad()) failToRead(path_);
   if (!isRead) return false;
-  if (!file_.eof()) bytes_ += '\n';
-  std::string_view bytes = bytes_;
-  if (++line_ == 1 && bytes.starts_with(kByteOrderMark)) bytes.remove_prefix(kByteOrderMark.size());
-  const bool isEmpty = bytes.find_first_not_of("\r\n") == std::string_view::npos;
-  if (rowLine_ == 0 && !isEmpty) rowLine_ = line_;
-  feed(bytes);
+  if (!file_.eof()) chunk_ += '\n';
+  if (line_ == 0 && chunk_.starts_with(kByteOrderMark)) next_ = kByteOrderMark.size();
   return true;
+}
+
+std::string_view CsvRows::takeLine() {
+  const std::size_t begin = next_;
+  next_ = std::min(chunk_.find_first_of("\r\n", begin), chunk_.size());
+  if (std::string_view(chunk_).substr(next_, 2) == "\r\n") ++next_;
+  if (next_ < chunk_.size()) ++next_;
+  ++line_;
+  return std::string_view(chunk_).substr(begin, next_ - begin);
 }
 
 namespace {
@@ -121,7 +140,7 @@ void CsvRows::finish() {
 }
 
 void CsvRows::endRow() {
-  rows_.push_back({rowLine_ != 0 ? rowLine_ : line_, std::exchange(cells_, {})});
+  rows_.push_back({rowLine_, std::exchange(cells_, {})});
   rowLine_ = 0;
 }
 

@@ -1,4 +1,6 @@
-// The rows of a CSV file, cell by cell as they were written.
+// The rows of a CSV file, cell by cell as they were written, without its blank lines.
+//
+// A line ends with CR LF, LF or CR, inside quotation marks too: so lines are counted.
 #pragma once
 
 #include <csv.h>
@@ -47,6 +49,8 @@ class CsvRows {
   friend struct CsvEvents;
 
   bool feedLine();
+  bool readChunk();
+  std::string_view takeLine();
   void feed(std::string_view bytes);
   void finish();
   void startParser();
@@ -57,8 +61,9 @@ class CsvRows {
   std::ifstream file_;
   csv_parser parser_{};
   bool isEnded_ = false;
-  std::string bytes_;               // of the line that is being fed
-  std::uint64_t line_ = 0;          // its number
+  std::string chunk_;               // up to a LF; lines may end before
+  std::size_t next_ = 0;            // where its next line begins
+  std::uint64_t line_ = 0;          // the number of the line before
   std::uint64_t rowLine_ = 0;       // where the row that is not complete yet begins; 0: nowhere
   std::vector<std::string> cells_;  // of that row
   std::deque<CsvRow> rows_;         // complete ones that nobody has asked for yet

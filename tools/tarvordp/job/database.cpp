@@ -28,16 +28,27 @@ void requireFile(const std::string& path, const JsonValue& where) {
 // A first read takes the state that all later ones see.
 Database::Database(const std::string& path, const JsonValue& where) : path_(path) {
   requireFile(path, where);
+  access_.emplace(path);
   sqlite3* handle = nullptr;
-  const int opened = sqlite3_open_v2(path.c_str(), &handle, SQLITE_OPEN_READONLY, nullptr);
+  const int opened = sqlite3_open_v2(access_->uri().c_str(), &handle,
+                                     SQLITE_OPEN_READONLY | SQLITE_OPEN_URI, nullptr);
   handle_.reset(handle);
   if (handle == nullptr) throw std::bad_alloc();
   if (opened != SQLITE_OK) fail(where);
   sqlite3_extended_result_codes(handle, 1);
   sqlite3_busy_timeout(handle, kPatience);
+  sqlite3_db_config(handle, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
+  run(access_->preparation().c_str(), where);
   run("BEGIN", where);
   run("SELECT count(*) FROM sqlite_master", where);
+  requireUnchanged(where);
   requireWhole(where);
+}
+
+void Database::requireUnchanged(const JsonValue& where) const {
+  if (!access_->isUnchanged()) {
+    where.mistake(path_ + ": somebody changed the database while it was read: print again");
+  }
 }
 
 namespace {
@@ -68,7 +79,22 @@ void Database::run(const char* statement, const JsonValue& where) {
 }
 
 void Database::fail(const JsonValue& where) const {
-  where.mistake(path_ + ": " + sqlite3_errmsg(handle_.get()));
+  requireUnchanged(where);
+  where.mistake(path_ + ": " + sqlite3_errmsg(handle_.get()) + advice());
+}
+
+// For failures whose reason SQLite's words do not tell.
+std::string Database::advice() const {
+  const int code = sqlite3_extended_errcode(handle_.get());
+  constexpr int kPrimary = 0xFF;
+  if (code == SQLITE_READONLY_ROLLBACK || code == SQLITE_READONLY_RECOVERY) {
+    return ": a writer was interrupted; what it left beside the database has to be taken in or "
+           "back by a program that may write: open it with one, and print then";
+  }
+  if ((code & kPrimary) == SQLITE_CANTOPEN) {
+    return ": it, or what belongs to it beside it (-wal, -shm, -journal), cannot be read";
+  }
+  return "";
 }
 
 namespace {
@@ -81,7 +107,7 @@ int bindNumber(sqlite3_stmt* statement, int index, const std::string& written) {
       read.ec == std::errc() && read.ptr == end) {
     return sqlite3_bind_int64(statement, index, whole);
   }
-  double number = 0;
+  double number = 0;  // as it stays when the written one is too near to it
   std::from_chars(written.data(), end, number);
   return sqlite3_bind_double(statement, index, number);
 }
@@ -154,6 +180,8 @@ Statement prepare(const Database& database, const JsonValue& query, const JsonVa
   if (!statement) query.mistake("there is no query");
   if (prepareFirst(database, rest, &rest, query)) query.mistake("must be one statement only");
   if (sqlite3_column_count(statement.get()) == 0) query.mistake("must be a query that gives rows");
+  if (sqlite3_stmt_readonly(statement.get()) == 0)
+    query.mistake("must be a query that changes nothing");
   if (parameters != nullptr) parameters->asObject();
   bindParameters(database, statement.get(), query, parameters);
   return statement;

@@ -24,15 +24,16 @@ auto at(const JsonValue& place, Action&& action) {
   }
 }
 
-tarvo::Currency amountIn(const JsonValue& written) {
-  return at(written, [&] {
-    return readAmount(written.is(JsonValue::Kind::number) ? written.numberText()
-                                                          : written.asText());
-  });
+tarvo::Currency amountIn(const JsonValue& place, const std::string& written) {
+  return at(place, [&] { return readAmount(written); });
 }
 
 NumberValue readNumber(const JsonValue& written, KnownKeys& keys) {
-  NumberValue value{amountIn(written)};
+  if (!written.is(JsonValue::Kind::text)) {
+    written.mistake("must be a text with a number in it, such as \"12.5\", not " +
+                    std::string(written.kindName()));
+  }
+  NumberValue value{amountIn(written, written.text())};
   if (const JsonValue* parenthesis = keys.optional("parenthesis")) {
     value.parenthesisIfNegative = parenthesis->asBoolean();
   }
@@ -113,7 +114,7 @@ SingleValue readSingle(const JsonValue& written) {
     case JsonValue::Kind::boolean:
       return BooleanValue{written.boolean()};
     case JsonValue::Kind::number:
-      return NumberValue{amountIn(written)};
+      return NumberValue{amountIn(written, written.numberText())};
     case JsonValue::Kind::text:
       return TextValue{textIn(written)};
     case JsonValue::Kind::array:

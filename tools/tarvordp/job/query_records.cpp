@@ -89,8 +89,9 @@ class QueryRecords final : public RecordSource {
 
   bool next(Record& record) override {
     const int result = sqlite3_step(statement_.get());
+    database_->requireUnchanged(query_);
+    if (result != SQLITE_ROW && result != SQLITE_DONE) database_->fail(query_);
     if (result == SQLITE_DONE) return false;
-    if (result != SQLITE_ROW) database_->fail(query_);
     ++row_;
     record.names = names_;
     record.values.clear();

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <nlohmann/json.hpp>
 
+#include "tarvordp/json/excerpt.h"
 #include "tarvordp/json/json_value.h"
 #include "tarvordp/mistake.h"
 #include "tarvordp/whole_file.h"
@@ -61,12 +62,18 @@ class JsonReader {
     key_ = std::move(name);
     return true;
   }
-  [[noreturn]] bool parse_error(std::size_t, const std::string&,
+  [[noreturn]] bool parse_error(std::size_t, const std::string& token,
                                 const nlohmann::json::exception& failure) {
+    if (failure.id == kNumberOverflow) {
+      add(JsonValue::Kind::number)
+          .mistake(excerpt(token) + " is beyond the numbers that can be read");
+    }
     throw Mistake(*file_ + ": this is not JSON: " + plainReason(failure.what()));
   }
 
  private:
+  static constexpr int kNumberOverflow = 406;
+
   // "[json.exception.parse_error.101] parse error at line 1, column 2: …" without its head.
   static std::string plainReason(const std::string& reason) {
     const auto head = reason.find("] ");
@@ -120,6 +127,7 @@ class JsonReader {
 };
 
 JsonValue readJsonText(std::string_view text, const std::string& file) {
+  if (text.empty()) throw Mistake(file + ": is empty");
   JsonReader reader(file);
   nlohmann::json::sax_parse(text.begin(), text.end(), &reader);
   return reader.take();

@@ -4,6 +4,7 @@
 #include <cctype>
 #include <charconv>
 
+#include "tarvordp/json/excerpt.h"
 #include "tarvordp/mistake.h"
 
 namespace tarvordp {
@@ -32,7 +33,7 @@ const JsonValue* JsonValue::find(std::string_view name) const noexcept {
 }
 
 void JsonValue::mistake(const std::string& whatIsWrong) const {
-  throw Mistake(file() + ": " + (pointer_.empty() ? std::string("/") : pointer_) + ": " +
+  throw Mistake(file() + ": " + (pointer_.empty() ? "the document" : pointer_) + ": " +
                 whatIsWrong);
 }
 
@@ -72,7 +73,7 @@ std::int64_t JsonValue::asWholeNumber(std::int64_t least, std::int64_t greatest)
   const bool isWhole = read.ec == std::errc() && read.ptr == end;
   if (!isWhole || number < least || number > greatest) {
     mistake("must be a whole number from " + std::to_string(least) + " to " +
-            std::to_string(greatest) + ", not " + text_);
+            std::to_string(greatest) + ", not " + excerpt(text_));
   }
   return number;
 }

@@ -39,7 +39,7 @@ class JsonValue {
   const std::string& file() const noexcept { return *file_; }
   const std::string& pointer() const noexcept { return pointer_; }
 
-  // Raises: always Mistake, "FILE: POINTER: what is wrong".
+  // Raises: always Mistake, "FILE: POINTER: what is wrong"; the root is told as "the document".
   [[noreturn]] void mistake(const std::string& whatIsWrong) const;
 
   // --- Reading with the kind checked.  Raises: Mistake.
@@ -67,7 +67,8 @@ struct JsonValue::Member {
   JsonValue value;
 };
 
-// Reads a file, or a text that is told as that file.  Numbers may be of any length.
+// Reads a file, or a text that is told as that file.  Numbers may have any number of digits; one
+// beyond a binary number's range is a mistake.
 // Raises: Mistake for a file that cannot be read, text that is no JSON (with line and column),
 // a name that stands twice in one object, and more than 100 levels of nesting.
 JsonValue readJsonFile(const std::string& path);

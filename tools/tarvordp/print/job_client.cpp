@@ -1,5 +1,6 @@
 #include "tarvordp/print/job_client.h"
 
+#include <algorithm>
 #include <exception>
 #include <limits>
 #include <optional>
@@ -35,7 +36,7 @@ class Client {
   auto callback(Action action, TraceAnswer trace) {
     ++run_.callbacks;
     if (run_.output.failure()) endReport(tarvo::kDeviceError, *run_.output.failure());
-    if (Interruption::isAskedFor()) endReport(tarvo::kDeviceError, "Interrupted");
+    endIfInterrupted();
     try {
       auto answer = action();
       if (run_.trace.isOn()) trace(Trace::Json(answer));
@@ -58,15 +59,18 @@ class Client {
   bool answer(const char* name, Ref<clsObLineCharacts>& line, const Record* detail,
               const std::optional<Currency>& subtotal) {
     Ref<tarvo::clsObSpecialVar> variable = line->GetSpecialVar();
-    return callback([&] { return answers_.answer(variable, detail); },
-                    [&](Trace::Json answer) {
-                      Trace::Json event{{"event", "callback"},
-                                        {"name", name},
-                                        {"variable", tarvo::toUtf8(nameOf(*variable))}};
-                      if (subtotal) event["subtotal"] = amountText(*subtotal);
-                      event["answer"] = std::move(answer);
-                      run_.trace.write(event);
-                    });
+    const bool isAnswered =
+        callback([&] { return answers_.answer(variable, detail); },
+                 [&](Trace::Json answer) {
+                   Trace::Json event{{"event", "callback"},
+                                     {"name", name},
+                                     {"variable", tarvo::toUtf8(nameOf(*variable))}};
+                   if (subtotal) event["subtotal"] = amountText(*subtotal);
+                   event["answer"] = std::move(answer);
+                   run_.trace.write(event);
+                 });
+    note(*variable, isAnswered, detail);
+    return isAnswered;
   }
 
   void pause() {
@@ -78,6 +82,7 @@ class Client {
       if (!run_.job.pause && run_.op.canBeAsked()) {
         run_.op.waitForEnter("Pause: press Enter to go on. ");
       }
+      endIfInterrupted();
       return nullptr;
     });
   }
@@ -85,6 +90,20 @@ class Client {
   JobRun& run() noexcept { return run_; }
 
  private:
+  static void endIfInterrupted() {
+    if (Interruption::isAskedFor()) endReport(tarvo::kDeviceError, "Interrupted");
+  }
+
+  void note(const tarvo::clsObSpecialVar& variable, bool isAnswered, const Record* detail) {
+    ++run_.values;
+    if (isAnswered && !run_.asked.expectsMore()) return;
+    const Text name = nameOf(variable);
+    const Text key = nameKey(name);
+    const bool isKnown = isAnswered || (detail != nullptr && detail->find(key) != nullptr) ||
+                         run_.data.record.find(key) != nullptr;
+    run_.asked.note(name, !isKnown);
+  }
+
   JobRun& run_;
   Answers answers_;
 };
@@ -94,12 +113,26 @@ class FormClient final : public tarvo::clsImplementIDTraduc {
   explicit FormClient(JobRun& run) : client_(run) {}
 
   bool fTranslateSpecialVar(Ref<clsObLineCharacts>& refLineToWrite) override {
-    return client_.answer("fTranslateSpecialVar", refLineToWrite, nullptr, std::nullopt);
+    const bool isAnswered =
+        client_.answer("fTranslateSpecialVar", refLineToWrite, nullptr, std::nullopt);
+    client_.run().progress.printingForm(formProgress());
+    return isAnswered;
   }
 
   void sDisplayPauseDialog() override { client_.pause(); }
 
  private:
+  FormProgress formProgress() {
+    const JobRun& run = client_.run();
+    const bool isDraft = run.job.output != tarvo::ePOD_Definitiva;
+    return {.sheet = isDraft
+                         ? 0
+                         : std::max<std::int64_t>(1, static_cast<std::int64_t>(run.output.jobs())),
+            .sheets = run.job.sheets == tarvo::eHP_AmbasHojas ? 2 : 1,
+            .values = run.values,
+            .pages = static_cast<std::int64_t>(run.output.pages())};
+  }
+
   Client client_;
 };
 
@@ -117,6 +150,7 @@ class MasterDetailClient final : public tarvo::clsImplementIDMD {
 
   bool fReadFirstRecord() override {
     record_ = 0;
+    ++copy_;
     return client_.callback("fReadFirstRecord", [this] { return counted(details().first()); });
   }
 
@@ -178,12 +212,16 @@ class MasterDetailClient final : public tarvo::clsImplementIDMD {
     if (!isThere) return false;
     JobRun& run = client_.run();
     ++run.records;
-    run.progress.printing(++record_, details().count(),
-                          static_cast<std::int64_t>(run.output.pages()));
+    run.progress.printing({.copy = copy_,
+                           .copies = run.job.copies,
+                           .record = ++record_,
+                           .records = details().count(),
+                           .pages = static_cast<std::int64_t>(run.output.pages())});
     return true;
   }
 
   Client client_;
+  std::int64_t copy_ = 0;    // from 1
   std::int64_t record_ = 0;  // of this copy
 };
 

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "services/location_warning.h"
+#include "tarvordp/print/interruption.h"
 
 namespace tarvordp {
 namespace {
@@ -16,8 +17,9 @@ constexpr tarvo::TextView kTurnSheet = u"Voltear Planilla";
 
 // Titles of the messages after which nothing, or a sheet less, is printed: no text mode, no
 // template, nothing found.
+constexpr tarvo::TextView kNothingFound = u"Impresión de Informe";
 constexpr std::array<tarvo::TextView, 3> kNotPrinted{u"Proceso Cancelado", u"Archivo no encontrado",
-                                                     u"Impresión de Informe"};
+                                                     kNothingFound};
 // No printer was chosen; the report's title follows.
 constexpr tarvo::TextView kNoPrinter = u"Imprimir ";
 constexpr tarvo::TextView kUnknownPrinter = u"No se reconoce el nombre de la impresora";
@@ -40,6 +42,7 @@ void JobMessages::sShowMessage(tarvo::Text& refText) {
 
 void JobMessages::sShowMessageWithTitle(tarvo::TextView valText, tarvo::TextView valTitle) {
   if (meansNotPrinted(valTitle)) saidThatNotPrinted_ = true;
+  if (valTitle == kNothingFound) saidThatNothingFound_ = true;
   show("sShowMessageWithTitle", valText, valTitle);
 }
 
@@ -78,6 +81,9 @@ bool JobMessages::ask(const char* operation, tarvo::TextView text, tarvo::TextVi
     accepted = *turnSheet_;
   } else if (operator_.canBeAsked()) {
     accepted = operator_.accepts("Aceptar (A) o cancelar (C): ");
+    if (Interruption::isAskedFor()) {
+      throw tarvo::RunTimeError(tarvo::kDeviceError, {u"tarvordp", u"Interrupted", {}, 0});
+    }
   }
   trace_.write({{"event", "question"},
                 {"operation", operation},

@@ -23,7 +23,8 @@ class JobMessages final : public tarvo::clsMessage {
   // REQUIRES: `op` and `trace` outlive the calls.
   JobMessages(Operator& op, Trace& trace, std::optional<bool> turnSheet, Activity activity);
 
-  // Raises: 5, each of them, for a message that never ends.
+  // Raises: 5, each of them, for a message that never ends; questions, the device error 57 when the
+  // operator ends the program instead of answering.
   void sShowMessage(tarvo::Text& refText) override;
   void sShowMessageWithTitle(tarvo::TextView valText, tarvo::TextView valTitle) override;
   void sWarning(tarvo::Text& refText) override;
@@ -36,6 +37,9 @@ class JobMessages final : public tarvo::clsMessage {
   // Whether a message said that nothing, or a sheet less, is printed.
   bool saidThatNotPrinted() const noexcept { return saidThatNotPrinted_; }
 
+  // Whether one said that the report had nothing to print.
+  bool saidThatNothingFound() const noexcept { return saidThatNothingFound_; }
+
  private:
   void show(const char* operation, tarvo::TextView text, tarvo::TextView title);
   bool ask(const char* operation, tarvo::TextView text, tarvo::TextView title);
@@ -47,6 +51,7 @@ class JobMessages final : public tarvo::clsMessage {
   std::optional<bool> turnSheet_;
   Activity activity_;
   bool saidThatNotPrinted_ = false;
+  bool saidThatNothingFound_ = false;
   std::string lastLine_;
   std::uint64_t lastActivity_ = 0;
   int repetitions_ = 0;

@@ -4,6 +4,7 @@
 #include <cstdint>
 
 #include "tarvordp/job/job_file.h"
+#include "tarvordp/print/asked_names.h"
 #include "tarvordp/print/operator.h"
 #include "tarvordp/print/output_spooler.h"
 #include "tarvordp/print/progress.h"
@@ -19,7 +20,9 @@ struct JobRun {
   Operator& op;
   OutputSpooler& output;
 
+  AskedNames asked{};
   std::uint64_t callbacks = 0;  // so far
+  std::int64_t values = 0;      // asked for so far
   std::int64_t records = 0;     // printed so far, of all copies
   bool wasGivenUpAtPause = false;
 };

@@ -1,9 +1,28 @@
 #include "tarvordp/print/operator.h"
 
+#include <poll.h>
+#include <unistd.h>
+
 #include <iostream>
+
+#include "tarvordp/print/interruption.h"
 
 namespace tarvordp {
 namespace {
+
+const std::streambuf* const kProcessInput = std::cin.rdbuf();
+
+// Waits until a line can be read, or the program is to end; false: it is.  Reading alone would miss
+// a signal that comes just before it.
+bool waitForLine() {
+  constexpr int kLookAgainMilliseconds = 100;
+  if (std::cin.rdbuf() != kProcessInput) return true;
+  pollfd input{STDIN_FILENO, POLLIN, 0};
+  while (!Interruption::isAskedFor()) {
+    if (poll(&input, 1, kLookAgainMilliseconds) > 0) return true;
+  }
+  return false;
+}
 
 std::string withPlainLineEnds(std::string_view text) {
   std::string plain;
@@ -37,7 +56,7 @@ void Operator::tell(std::string_view text) {
 bool Operator::readAnswer(std::string_view prompt, std::string& answer) {
   progress_.erase();
   console_.err << prompt << std::flush;
-  return static_cast<bool>(std::getline(std::cin, answer));
+  return waitForLine() && std::getline(std::cin, answer);
 }
 
 void Operator::waitForEnter(std::string_view prompt) {

@@ -20,10 +20,12 @@ class Operator {
   // Whether questions reach a person.
   bool canBeAsked() const noexcept { return canBeAsked_; }
 
-  // Waits for Enter, or for the end of the input.  REQUIRES: canBeAsked().
+  // Waits for Enter, for the end of the input, or for the signal to end the program.
+  // REQUIRES: canBeAsked().
   void waitForEnter(std::string_view prompt);
 
-  // Whether the answer is yes; the end of the input is no.  REQUIRES: canBeAsked().
+  // Whether the answer is yes; the end of the input is no, and so is that signal.
+  // REQUIRES: canBeAsked().
   bool accepts(std::string_view prompt);
 
  private:

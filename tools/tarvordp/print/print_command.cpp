@@ -10,24 +10,38 @@
 namespace tarvordp {
 namespace {
 
-constexpr const char* kAbout =
-    "Prints the report of a job file, which says the template, the data and the printer profile.";
+constexpr const char* kAbout = "Print the report of a job file";
 
 constexpr const char* kFooter =
-    "Examples:\n"
-    "  tarvordp print invoice.json --printer LX-350             to a printer of the system\n"
-    "  tarvordp print invoice.json --printer file:invoice.prn   into a file\n"
-    "  tarvordp print invoice.json --printer file:- --copies 3 | less -R\n"
-    "  tarvordp print receipt.json --printer LX-350 --save receipt.pdf   a draft, as PDF\n"
-    "  tarvordp print invoice.json --set FACTURA.NUMERO=1043 --yes --trace calls.jsonl\n"
+    "The job file says which template, which data and which printer profile. Messages, questions "
+    "and hints go to the standard error stream. Without a terminal nothing is asked: pauses go on "
+    "and questions are accepted.\n"
     "\n"
-    "Exit status: 0 printed, 1 nothing or a sheet less was printed, 2 wrong arguments or job,\n"
-    "3 a run-time error ended the report, or its output did not arrive whole.";
+    "Where it goes: a form's sheets and a master-detail report go to the printer. A form's draft "
+    "does not: it is shown on the screen, or without a screen saved as TITLE.pdf in the current "
+    "folder, whatever --printer says. A master-detail report for a printer without text mode "
+    "goes to it as pages, so with file:PATH that file is a PDF. --save takes the place of "
+    "both.\n"
+    "\n"
+    "Exit status:\n"
+    "  0  printed\n"
+    "  1  a message said that nothing, or a sheet less, is printed\n"
+    "  2  wrong arguments, or a wrong job, profile or data: nothing was printed\n"
+    "  3  a run-time error ended the report, or its output did not arrive whole\n"
+    "\n"
+    "Examples:\n"
+    "  tarvordp print invoice.json --printer LX-350\n"
+    "  tarvordp print invoice.json --printer file:invoice.prn\n"
+    "  tarvordp print invoice.json --printer file:- --copies 3 | lp -o raw\n"
+    "  tarvordp print receipt.json --printer LX-350 --save receipt.pdf\n"
+    "  tarvordp print invoice.json --set FACTURA.NUMERO=1043 --yes --trace calls.jsonl";
 
 std::pair<std::string, std::string> nameAndValue(const std::string& written) {
   const std::size_t sign = written.find('=');
   if (sign == std::string::npos || sign == 0) {
-    throw Mistake("--set: \"" + written + "\" is not of the form NAME=VALUE");
+    throw Mistake("--set: \"" + written +
+                  "\" is not of the form NAME=VALUE; see "
+                  "\"tarvordp print --help\"");
   }
   return {written.substr(0, sign), written.substr(sign + 1)};
 }
@@ -40,20 +54,20 @@ struct Arguments {
 void addArguments(CLI::App& command, Arguments& arguments) {
   constexpr int kMostCopies = 255;
   PrintOptions& options = arguments.options;
-  command.add_option("job", options.job, "The job file; \"-\" is the standard input")
-      ->required()
-      ->type_name("JOB");
+  command.add_option("JOB", options.job, "The job file; \"-\" reads the standard input")
+      ->required();
   command
       .add_option("--printer", options.printer,
-                  "The printer, in place of the profile's.  file:PATH writes the bytes into\n"
-                  "files, one for each spooler job (PATH, PATH.2 ...), file:- to the\n"
-                  "standard output; any other name is a printer of the system")
+                  "The printer, in place of the profile's. file:PATH writes each job of the "
+                  "spooler into a file (PATH, PATH.2 ...), file:- to the standard output; any "
+                  "other name is a printer of the system. Drafts do not go there: see --save")
       ->type_name("NAME");
-  command.add_option("--save", options.save, "Saves graphic output, such as drafts, in a PDF file")
+  command
+      .add_option("--save", options.save, "Save what is graphic, such as a draft, as this PDF file")
       ->type_name("FILE.pdf");
   command
       .add_option("--set", arguments.values,
-                  "Gives a value of the record another text; may be repeated")
+                  "Give a value of the record another text; may be repeated")
       ->type_name("NAME=VALUE")
       ->expected(1)
       ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
@@ -64,10 +78,10 @@ void addArguments(CLI::App& command, Arguments& arguments) {
       ->check(CLI::Range(1, kMostCopies));
   command
       .add_option("--trace", options.trace,
-                  "Writes every callback, message, question, spooler call and error\n"
-                  "into a file, one JSON object a line")
+                  "Write every callback, message, question, spooler call and error into a file, "
+                  "one JSON object a line; \"-\" is the standard output")
       ->type_name("FILE");
-  command.add_flag("--yes", options.yes, "Asks nothing: pauses go on, questions are accepted");
+  command.add_flag("--yes", options.yes, "Ask nothing: pauses go on, questions are accepted");
 }
 
 }  // namespace

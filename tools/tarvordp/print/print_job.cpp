@@ -1,15 +1,18 @@
 #include "tarvordp/print/print_job.h"
 
 #include <ostream>
+#include <string>
 #include <utility>
 
 #include "frame/codepage.h"
 #include "frame/modRDPGlobalValues.h"
 #include "platform/file/file_sink.h"
+#include "platform/file/file_spooler.h"
 #include "printer/clsUtilImp.h"
 #include "services/all.h"
 #include "tarvordp/job/job_file.h"
 #include "tarvordp/mistake.h"
+#include "tarvordp/print/csv_separator.h"
 #include "tarvordp/print/interruption.h"
 #include "tarvordp/print/job_messages.h"
 #include "tarvordp/print/job_pages.h"
@@ -51,6 +54,24 @@ void takeValues(const PrintOptions& options, NamedValues& values) {
   }
 }
 
+std::vector<std::string> namesOf(const PrintOptions& options) {
+  std::vector<std::string> names;
+  for (const auto& [name, text] : options.values) names.push_back(name);
+  return names;
+}
+
+// Where the separator is not the comma, rows have more cells than there are names, or names make no
+// sense.
+JobData dataOf(const Job& job, Progress& progress) {
+  try {
+    return openData(job, [&](std::int64_t records) { progress.reading(records); });
+  } catch (const Mistake& wrong) {
+    const std::string hint = separatorHint(job);
+    if (hint.empty()) throw;
+    throw Mistake(wrong.what() + (": " + hint));
+  }
+}
+
 Profile profileFor(const PrintOptions& options, const Job& job) {
   Profile profile = profileOf(job);
   if (options.printer) profile.printerName = tarvo::fromUtf8(*options.printer);
@@ -62,6 +83,23 @@ void checkSave(const PrintOptions& options) {
   if (!tarvo::platform::canHoldFile(tarvo::fromUtf8(*options.save))) {
     throw Mistake("--save: " + *options.save + ": a file cannot be made there");
   }
+}
+
+constexpr const char* kStandardOutput = "-";
+
+// Two things on one stream would be neither.
+void checkTrace(const PrintOptions& options, const Profile& profile) {
+  if (options.trace != kStandardOutput) return;
+  const bool isPrinter = profile.printerName == tarvo::Text(tarvo::kFilePrinterPrefix) + u"-";
+  if (!isPrinter && options.save != kStandardOutput) return;
+  throw Mistake(std::string("--trace: the standard output is taken by ") +
+                (isPrinter ? "the printer" : "--save"));
+}
+
+Trace traceFor(const PrintOptions& options, Console& console) {
+  if (!options.trace) return {};
+  if (*options.trace == kStandardOutput) return Trace(console.out);
+  return Trace(*options.trace);
 }
 
 std::string bytesOf(const tarvo::Text& code) {
@@ -85,6 +123,7 @@ class Printing {
         run_{job, data, trace, progress, op_, *output_},
         messages_(make<JobMessages>(op_, trace, job.turnSheet,
                                     [this] { return run_.callbacks + output_->calls(); })) {
+    run_.asked.expect(namesOf(options));
     apply(profile, *printer_);
   }
 
@@ -122,7 +161,11 @@ class Printing {
 
   ExitStatus finished() {
     if (output_->failure()) return outputFailed();
-    if (messages_->saidThatNotPrinted()) return kNotPrinted;
+    tellHints();
+    if (messages_->saidThatNotPrinted()) {
+      tellOfEmptyJob();
+      return kNotPrinted;
+    }
     if (output_->jobs() == 0 && pages_->pages() == 0) {
       tell("nothing was printed: the job names no template for these sheets");
       return kNotPrinted;
@@ -144,6 +187,22 @@ class Printing {
   void abandonOutput() {
     const std::string outcome = output_->abandon();
     if (!outcome.empty()) tell(outcome);
+  }
+
+  void tellHints() {
+    const std::string separator = separatorHint(run_.job);
+    if (!separator.empty()) tell("hint: " + separator);
+    for (const std::string& hint : run_.asked.hints()) tell("hint: " + hint);
+  }
+
+  // The library asks whether the report may be printed once its job has begun, so there is one, and
+  // a file that was there before is replaced.
+  void tellOfEmptyJob() {
+    if (!messages_->saidThatNothingFound() || output_->jobs() == 0) return;
+    tell(tarvo::toUtf8(printer_->GetPrinterName()) + ": the job there holds no report, " +
+         (output_->bytes() == 0
+              ? "it is empty"
+              : "only " + withUnit(output_->bytes(), "byte") + " that prepare the printer"));
   }
 
   // For a person who waits; a script has the exit status.
@@ -179,10 +238,11 @@ ExitStatus printJob(const PrintOptions& options, Console& console, PrintEquipmen
   takeOptions(options, job);
   checkSave(options);
   const Profile profile = profileFor(options, job);
-  Progress progress(console.err, console.errIsTerminal);
-  JobData data = openData(job, [&](std::int64_t records) { progress.reading(records); });
+  checkTrace(options, profile);
+  Progress progress(console.err, console.errIsTerminal, equipment.pace);
+  JobData data = dataOf(job, progress);
   takeValues(options, data.record);
-  Trace trace = options.trace ? Trace(*options.trace) : Trace();
+  Trace trace = traceFor(options, console);
   if (!equipment.spooler) equipment.spooler = tarvo::makeSpooler();
   Printing printing(options, console, profile, job, data, trace, progress, equipment.spooler);
   const Interruption interruption;

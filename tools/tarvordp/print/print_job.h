@@ -9,6 +9,7 @@
 
 #include "printer/spooler.h"
 #include "tarvordp/command_line.h"
+#include "tarvordp/print/progress.h"
 
 namespace tarvordp {
 
@@ -18,13 +19,14 @@ struct PrintOptions {
   std::optional<std::string> save;                          // graphic output goes into this file
   std::vector<std::pair<std::string, std::string>> values;  // names of the record, and their texts
   std::optional<std::uint8_t> copies;                       // in place of the job's
-  std::optional<std::string> trace;                         // a file for what happens
-  bool yes = false;                                         // nobody is asked
+  std::optional<std::string> trace;  // a file for what happens; "-" the standard output
+  bool yes = false;                  // nobody is asked
 };
 
 // What the report is printed with that a test has of its own.  Default: the system's.
 struct PrintEquipment {
-  tarvo::Ref<tarvo::Spooler> spooler;
+  tarvo::Ref<tarvo::Spooler> spooler{};
+  Progress::Pace pace{};
 };
 
 // What became of it is told on the console's error stream.

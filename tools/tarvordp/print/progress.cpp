@@ -5,13 +5,22 @@
 namespace tarvordp {
 namespace {
 
-constexpr std::chrono::milliseconds kFirstMoment{500};
-constexpr std::chrono::milliseconds kInterval{100};
+std::string counted(const std::string& thing, std::int64_t number, std::int64_t all) {
+  return thing + " " + grouped(static_cast<std::uint64_t>(number)) + " of " +
+         grouped(static_cast<std::uint64_t>(all));
+}
+
+std::string alsoPages(std::int64_t pages) {
+  return pages > 0 ? ", " + withUnit(static_cast<std::uint64_t>(pages), "page") : "";
+}
 
 }  // namespace
 
-Progress::Progress(std::ostream& stream, bool isShown)
-    : stream_(stream), isShown_(isShown), next_(Clock::now() + kFirstMoment) {}
+Progress::Progress(std::ostream& stream, bool isShown, Pace pace)
+    : stream_(stream),
+      isShown_(isShown),
+      interval_(pace.interval),
+      next_(Clock::now() + pace.first) {}
 
 Progress::~Progress() { erase(); }
 
@@ -19,7 +28,7 @@ bool Progress::isDue() {
   if (!isShown_) return false;
   const auto now = Clock::now();
   if (now < next_) return false;
-  next_ = now + kInterval;
+  next_ = now + interval_;
   return true;
 }
 
@@ -28,12 +37,17 @@ void Progress::reading(std::int64_t records) {
   show("reading the data: " + withUnit(static_cast<std::uint64_t>(records), "record"));
 }
 
-void Progress::printing(std::int64_t record, std::int64_t records, std::int64_t pages) {
+void Progress::printing(const RecordProgress& at) {
   if (!isDue()) return;
-  std::string line = "printing: record " + grouped(static_cast<std::uint64_t>(record)) + " of " +
-                     grouped(static_cast<std::uint64_t>(records));
-  if (pages > 0) line += ", " + withUnit(static_cast<std::uint64_t>(pages), "page");
-  show(line);
+  const std::string copy = at.copies > 1 ? counted("copy", at.copy, at.copies) + ", " : "";
+  show("printing: " + copy + counted("record", at.record, at.records) + alsoPages(at.pages));
+}
+
+void Progress::printingForm(const FormProgress& at) {
+  if (!isDue()) return;
+  const std::string sheet = at.sheet > 0 ? counted("sheet", at.sheet, at.sheets) : "draft";
+  show("printing: " + sheet + ", " + withUnit(static_cast<std::uint64_t>(at.values), "value") +
+       alsoPages(at.pages));
 }
 
 void Progress::show(const std::string& line) {

@@ -16,9 +16,9 @@ Trace::Trace(const std::string& path) : path_(path), file_(path, std::ios::binar
 
 void Trace::write(const Json& event) {
   if (!isOn()) return;
-  file_ << event.dump() << '\n';
-  file_.flush();
-  if (!file_) isWhole_ = false;
+  std::ostream& out = stream_ != nullptr ? *stream_ : file_;
+  out << event.dump() << '\n' << std::flush;
+  if (!out) isWhole_ = false;
 }
 
 void Trace::callback(const char* name, Json answer) {

@@ -38,8 +38,11 @@ class Trace {
   // Raises: Mistake when the file cannot be written.
   explicit Trace(const std::string& path);
 
+  // REQUIRES: `stream` outlives this.
+  explicit Trace(std::ostream& stream) : path_("the standard output"), stream_(&stream) {}
+
   // Whether it is worth while to make events.
-  bool isOn() const noexcept { return file_.is_open(); }
+  bool isOn() const noexcept { return stream_ != nullptr || file_.is_open(); }
 
   void write(const Json& event);
 
@@ -54,6 +57,7 @@ class Trace {
  private:
   std::string path_;
   std::ofstream file_;
+  std::ostream* stream_ = nullptr;  // in place of the file
   bool isWhole_ = true;
 };
 

@@ -15,6 +15,7 @@ add_custom_command(
 target_sources(tarvordp_parts PRIVATE
   ${_shipped}
   ${CMAKE_CURRENT_LIST_DIR}/code_text.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/printer_language.cpp
   ${CMAKE_CURRENT_LIST_DIR}/profile.cpp
   ${CMAKE_CURRENT_LIST_DIR}/profile_check.cpp
   ${CMAKE_CURRENT_LIST_DIR}/profiles_command.cpp

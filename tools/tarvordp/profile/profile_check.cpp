@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "tarvordp/profile/code_text.h"
+#include "tarvordp/profile/printer_language.h"
 
 namespace tarvordp {
 namespace {
@@ -33,6 +34,16 @@ constexpr ControlCode kBackToUsual[] = {ControlCode::normal, ControlCode::endExp
 constexpr std::string_view kReplacedLetters = "the channel replaces á é í ó ú ñ Ñ º in codes too";
 
 std::string name(ControlCode code) { return std::string(propertyName(code)); }
+
+// "a, b and c"
+std::string joinedInWords(const std::vector<std::string>& parts) {
+  std::string words;
+  for (std::size_t i = 0; i < parts.size(); ++i) {
+    if (i > 0) words += i + 1 == parts.size() ? " and " : ", ";
+    words += parts[i];
+  }
+  return words;
+}
 
 ControlCode codeAt(std::size_t index) { return static_cast<ControlCode>(index); }
 
@@ -72,6 +83,32 @@ void checkPairs(const Profile& profile, Remarks& remarks) {
   }
 }
 
+// What template words ask for.
+constexpr Pair kOfTemplates[] = {
+    {ControlCode::condensed, ControlCode::normal, "condensed"},
+    {ControlCode::initExpanded, ControlCode::endExpanded, "expanded"},
+    {ControlCode::bold, ControlCode::light, "bold"},
+    {ControlCode::initUnderlying, ControlCode::endUnderlying, "underlined"},
+};
+
+void checkMissing(const Profile& profile, Remarks& remarks) {
+  std::vector<std::string> modes;
+  for (const Pair& pair : kOfTemplates) {
+    if (profile.code(pair.on).empty() && profile.code(pair.off).empty()) {
+      modes.emplace_back(pair.mode);
+    }
+  }
+  if (!modes.empty()) {
+    remarks.push_back({Kind::note, "There are no codes for " + joinedInWords(modes) +
+                                       " print: template words that ask for it send nothing."});
+  }
+  if (profile.code(ControlCode::highLine1Point).empty()) {
+    remarks.push_back({Kind::note,
+                       "ChrHighLine1Point is empty: a skip of points moves the paper by as many "
+                       "whole lines."});
+  }
+}
+
 bool isBackToUsual(ControlCode code) {
   return std::ranges::find(kBackToUsual, code) != std::end(kBackToUsual);
 }
@@ -97,12 +134,9 @@ std::vector<CodeGroup> groupsOfEqualCodes(const Profile& profile) {
 }
 
 std::string namesOf(const CodeGroup& group) {
-  std::string names;
-  for (std::size_t i = 0; i < group.size(); ++i) {
-    if (i > 0) names += i + 1 == group.size() ? " and " : ", ";
-    names += name(group[i]);
-  }
-  return names;
+  std::vector<std::string> names;
+  for (const ControlCode code : group) names.push_back(name(code));
+  return joinedInWords(names);
 }
 
 void checkEqualCodes(const Profile& profile, Remarks& remarks) {
@@ -153,53 +187,38 @@ void checkBytes(const Profile& profile, Remarks& remarks) {
   }
 }
 
-// Printers that share their language.
-struct Family {
-  std::string_view language;
-  std::vector<Profile> profiles;
-};
-
-const std::vector<Family>& families() {
-  static const std::vector<Family> kFamilies{
-      {"Epson", {findProfile("epson-9pin", {}), findProfile("epson-24pin", {})}},
-      {"IBM Proprinter", {findProfile("ibm-proprinter", {})}},
-      {"OKI Microline", {findProfile("oki-microline", {})}}};
-  return kFamilies;
-}
-
-bool speaks(const Family& family, ControlCode code, const tarvo::Text& bytes) {
-  return std::ranges::any_of(family.profiles,
-                             [&](const Profile& profile) { return profile.code(code) == bytes; });
-}
-
-// The one family that has this code; nullptr when there is none or more than one.
-const Family* onlySpeaker(ControlCode code, const tarvo::Text& bytes) {
-  const Family* found = nullptr;
-  for (const Family& family : families()) {
-    if (!speaks(family, code, bytes)) continue;
-    if (found != nullptr) return nullptr;
-    found = &family;
-  }
-  return found;
-}
-
 void checkLanguages(const Profile& profile, Remarks& remarks) {
-  const Family* seen = nullptr;
+  PrinterLanguage seen = PrinterLanguage::unknown;
   ControlCode where{};
   for (std::size_t i = 0; i < kControlCodes; ++i) {
-    const Family* family =
-        profile.codes[i].empty() ? nullptr : onlySpeaker(codeAt(i), profile.codes[i]);
-    if (family == nullptr) continue;
-    if (seen != nullptr && family != seen) {
-      remarks.push_back({Kind::warning, name(where) + " is a code of " +
-                                            std::string(seen->language) + " printers, " +
-                                            name(codeAt(i)) + " one of " +
-                                            std::string(family->language) +
+    const PrinterLanguage language = languageOfCode(codeAt(i), profile.codes[i]);
+    if (language == PrinterLanguage::unknown) continue;
+    if (seen != PrinterLanguage::unknown && language != seen) {
+      remarks.push_back({Kind::warning, name(where) + " is a code of " + std::string(nameOf(seen)) +
+                                            " printers, " + name(codeAt(i)) + " one of " +
+                                            std::string(nameOf(language)) +
                                             " printers: no printer speaks both at once."});
       return;
     }
-    seen = family;
+    seen = language;
     where = codeAt(i);
+  }
+}
+
+// ESC R chooses one of a dozen nations' letters in the place of brackets and the like.
+void checkNationalSets(const Profile& profile, Remarks& remarks) {
+  static constexpr std::string_view kChooses = "\x1BR";
+  if (languageOf(profile) != PrinterLanguage::epson) return;
+  for (std::size_t i = 0; i < kControlCodes; ++i) {
+    const std::string bytes = bytesSent(profile, codeAt(i));
+    const std::size_t found = bytes.rfind(kChooses);
+    const std::size_t number = found + kChooses.size();
+    if (found == std::string::npos || number >= bytes.size() || bytes[number] == 0) continue;
+    remarks.push_back(
+        {Kind::warning, name(codeAt(i)) + " chooses a nation's letters (" +
+                            hexOf(bytes.substr(found, kChooses.size() + 1)) +
+                            "): some of # $ @ [ \\ ] ^ ` { | } ~ print as others; 1B 52 00 leaves "
+                            "them."});
   }
 }
 
@@ -213,6 +232,8 @@ std::vector<ProfileRemark> checkProfile(const Profile& profile) {
   checkBeginnings(profile, remarks);
   checkBytes(profile, remarks);
   checkLanguages(profile, remarks);
+  checkNationalSets(profile, remarks);
+  checkMissing(profile, remarks);
   std::stable_partition(remarks.begin(), remarks.end(),
                         [](const ProfileRemark& remark) { return remark.kind == Kind::warning; });
   return remarks;

@@ -124,9 +124,11 @@ void addTestPageCommand(CLI::App& program, Console& console, int& status) {
   CLI::App* command = program.add_subcommand(
       "testpage", "Print the test page, which shows every mode of a printer profile");
   command->footer(
-      "Exit status: 0 printed; 1 no such printer; 2 wrong arguments or profile; 3 a run-time "
-      "error,\n"
-      "or not everything arrived.\n\n"
+      "Exit status:\n"
+      "  0  printed\n"
+      "  1  no such printer\n"
+      "  2  wrong arguments or profile\n"
+      "  3  a run-time error, or not everything arrived\n\n"
       "Examples:\n"
       "  tarvordp testpage --profile epson-9pin --printer LX-350\n"
       "  tarvordp testpage --profile oki-microline --printer file:page.prn --rules\n"

@@ -1,5 +1,8 @@
 #include "tarvordp/view/character_set.h"
 
+#include <array>
+#include <cstddef>
+
 namespace tarvordp {
 namespace {
 
@@ -28,38 +31,84 @@ constexpr std::u16string_view kUpperHalfOf850 =
     u"\u00AD±‗¾¶§÷¸°¨·¹³²■\u00A0";
 static_assert(kUpperHalfOf437.size() == 0x80 && kUpperHalfOf850.size() == 0x80);
 
-struct Selection {
-  std::string_view code;
+// PC850 with the euro sign in the place of the dotless i.
+constexpr unsigned char kEuroOf858 = 0xD5;
+constexpr char16_t kEuro = u'\u20AC';
+
+struct NumberedSet {
+  unsigned number;
   CharacterSet set;
 };
 
-// ESC/P2 assigns a set to table 1 (ESC ( t) before it selects the table; Proprinters name the
-// number of the set.
-constexpr Selection kSelections[] = {
-    {"\x1B(t\x03\x00\x01\x01\x00"sv, CharacterSet::pc437},
-    {"\x1B(t\x03\x00\x01\x03\x00"sv, CharacterSet::pc850},
-    {"\x1B[T\x05\x00\x00\x00\x01\xB5\x00"sv, CharacterSet::pc437},
-    {"\x1B[T\x05\x00\x00\x00\x03\x52\x00"sv, CharacterSet::pc850},
+// A selection: its beginning, and where behind it the set's number stands, in two bytes.
+struct Selection {
+  std::string_view beginning;
+  std::size_t higher;
+  std::size_t lower;
+  std::size_t size;
+  std::array<NumberedSet, 3> sets;  // a number of 0 is none
 };
+
+// ESC/P2 assigns a set of a number of its own to a table (ESC ( t) before it selects the table;
+// Proprinters take the set's usual number.
+constexpr Selection kSelections[] = {
+    {"\x1B(t\x03\x00"sv, 6, 7, 8, {{{0x0100, CharacterSet::pc437}, {0x0300, CharacterSet::pc850}}}},
+    {"\x1B[T\x05\x00\x00\x00"sv,
+     7,
+     8,
+     10,
+     {{{437, CharacterSet::pc437}, {850, CharacterSet::pc850}, {858, CharacterSet::pc858}}}},
+};
+
+SetSelection selectionOf(const Selection& selection, std::string_view code) {
+  const auto byte = [&](std::size_t index) { return static_cast<unsigned char>(code[index]); };
+  const unsigned number = byte(selection.higher) * 0x100U + byte(selection.lower);
+  for (const NumberedSet& each : selection.sets) {
+    if (each.number == number && number != 0) return {each.set, {}};
+  }
+  return {CharacterSet::pc437, std::string(code.substr(0, selection.size))};
+}
 
 }  // namespace
 
+const char* nameOf(CharacterSet set) noexcept {
+  switch (set) {
+    case CharacterSet::pc437:
+      return "PC437";
+    case CharacterSet::pc850:
+      return "PC850";
+    case CharacterSet::pc858:
+      return "PC858";
+  }
+  return "";
+}
+
 char16_t characterOf(CharacterSet set, unsigned char byte) noexcept {
   if (byte < kFirstOfUpperHalf) return byte;
-  const auto& upperHalf = set == CharacterSet::pc850 ? kUpperHalfOf850 : kUpperHalfOf437;
+  if (set == CharacterSet::pc858 && byte == kEuroOf858) return kEuro;
+  const auto& upperHalf = set == CharacterSet::pc437 ? kUpperHalfOf437 : kUpperHalfOf850;
   return upperHalf[byte - kFirstOfUpperHalf];
 }
 
-CharacterSet selectedBy(std::string_view controlString) noexcept {
-  CharacterSet set = CharacterSet::pc437;
+bool hasCharacter(CharacterSet set, char16_t character) noexcept {
+  for (unsigned byte = 0x20; byte <= 0xFF; ++byte) {
+    const auto each = static_cast<unsigned char>(byte);
+    if (isPrintable(each) && characterOf(set, each) == character) return true;
+  }
+  return false;
+}
+
+SetSelection selectedBy(std::string_view controlString) {
+  SetSelection selected;
   std::size_t last = 0;
   for (const Selection& selection : kSelections) {
-    const std::size_t found = controlString.rfind(selection.code);
+    const std::size_t found = controlString.rfind(selection.beginning);
     if (found == std::string_view::npos || found < last) continue;
+    if (controlString.size() - found < selection.size) continue;
     last = found;
-    set = selection.set;
+    selected = selectionOf(selection, controlString.substr(found));
   }
-  return set;
+  return selected;
 }
 
 }  // namespace tarvordp

@@ -5,11 +5,15 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 namespace tarvordp {
 
-enum class CharacterSet : std::uint8_t { pc437, pc850 };
+enum class CharacterSet : std::uint8_t { pc437, pc850, pc858 };
+
+// "PC437"
+const char* nameOf(CharacterSet set) noexcept;
 
 // Whether the byte prints a character: all but 00 to 1F and 7F.
 constexpr bool isPrintable(unsigned char byte) noexcept { return byte >= 0x20 && byte != 0x7F; }
@@ -17,8 +21,16 @@ constexpr bool isPrintable(unsigned char byte) noexcept { return byte >= 0x20 &&
 // REQUIRES: isPrintable(byte).
 char16_t characterOf(CharacterSet set, unsigned char byte) noexcept;
 
-// The set that the control string selects: the last known selection in it counts; PC437, which is
-// where printers start, when there is none.
-CharacterSet selectedBy(std::string_view controlString) noexcept;
+// Whether a byte of the set prints the character.
+bool hasCharacter(CharacterSet set, char16_t character) noexcept;
+
+// What a control string does to the character set.
+struct SetSelection {
+  CharacterSet set = CharacterSet::pc437;  // where printers start
+  std::string unknown;  // the selection code of a set that is not known here; `set` is a guess then
+};
+
+// The last selection in the control string counts.
+SetSelection selectedBy(std::string_view controlString);
 
 }  // namespace tarvordp

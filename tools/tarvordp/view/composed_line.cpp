@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "tarvordp/profile/code_text.h"
-
 namespace tarvordp {
 namespace {
 
@@ -14,7 +12,7 @@ constexpr char16_t kNothing = 0;
 
 void append(CellRow& row, const Run& run) {
   if (!run.unknown.empty()) {
-    row.push_back({run.x, run.look, kBlank, kNothing, run.unknown});
+    row.push_back({run.x, run.look, kBlank, kNothing, shownBetweenBrackets(run.unknown)});
     return;
   }
   int x = run.x;
@@ -105,7 +103,5 @@ std::vector<CellRow> composed(const Line& line) {
   }
   return rows;
 }
-
-std::string shownUnknown(const std::string& bytes) { return "<" + hexOf(bytes) + ">"; }
 
 }  // namespace tarvordp

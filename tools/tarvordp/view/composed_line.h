@@ -18,15 +18,12 @@ struct Cell {
   Look look;
   char16_t character = u' ';
   char16_t printed = u' ';  // as it was sent: the first blank of a tab is one, the others are 0
-  std::string unknown;      // not empty: the cell is a code that nobody knows, and no character
+  std::string unknown;      // not empty: the cell is no character, but an unknown code, as shown
 };
 
 using CellRow = std::vector<Cell>;
 
 // At least one row, which may be empty.
 std::vector<CellRow> composed(const Line& line);
-
-// "<1B 6B>"
-std::string shownUnknown(const std::string& bytes);
 
 }  // namespace tarvordp

@@ -31,7 +31,7 @@ Kind movementOf(char byte) {
 
 }  // namespace
 
-Decoder::Decoder(const Profile& profile) {
+Decoder::Decoder(const Profile& profile) : language_(languageOf(profile)) {
   for (std::size_t i = 0; i < kControlCodes; ++i) {
     const auto code = static_cast<ControlCode>(i);
     std::string bytes = bytesSent(profile, code);
@@ -70,22 +70,26 @@ PrinterEvent Decoder::text(std::string_view bytes) const {
   return {Kind::text, bytes.substr(0, length), {}};
 }
 
-bool Decoder::beginsNothingKnown(std::string_view bytes) const {
-  return !isMovement(bytes.front()) && codeAt(bytes) == nullptr;
+bool Decoder::mayFollow(std::string_view bytes) const {
+  return !bytes.empty() && bytes.front() != kEscape && !isMovement(bytes.front()) &&
+         codeAt(bytes) == nullptr;
+}
+
+// A control byte behind one that nobody knows; one that begins a longer code is not.
+bool Decoder::isPartOfUnknown(std::string_view bytes) const {
+  return mayFollow(bytes) && !isPrintable(firstOf(bytes)) && extentOf(language_, bytes).endIsKnown;
 }
 
 PrinterEvent Decoder::unknown(std::string_view bytes) const {
-  std::size_t length = 1;
-  const auto rest = [&] { return bytes.substr(length); };
+  CodeExtent extent = extentOf(language_, bytes);
   const bool isEscape = bytes.front() == kEscape;
-  if (isEscape && !rest().empty() && rest().front() != kEscape && beginsNothingKnown(rest())) {
-    ++length;
+  if (isEscape && !extent.endIsKnown && extent.size == 2 && !mayFollow(bytes.substr(1))) {
+    extent.size = 1;
   }
-  while (!rest().empty() && !isPrintable(firstOf(rest())) && rest().front() != kEscape &&
-         beginsNothingKnown(rest())) {
-    ++length;
+  if (!isEscape || !extent.endIsKnown) {
+    while (isPartOfUnknown(bytes.substr(extent.size))) ++extent.size;
   }
-  return {Kind::unknown, bytes.substr(0, length), {}};
+  return {Kind::unknown, bytes.substr(0, extent.size + extent.data), {}, extent};
 }
 
 }  // namespace tarvordp

@@ -12,7 +12,9 @@
 #include <string_view>
 #include <vector>
 
+#include "tarvordp/profile/printer_language.h"
 #include "tarvordp/profile/profile.h"
+#include "tarvordp/view/escape_sequences.h"
 
 namespace tarvordp {
 
@@ -39,20 +41,23 @@ struct PrinterEvent {
     lineFeed,        // 0A
     formFeed,        // 0C
     tab,             // 09
-    unknown,         // control bytes that neither the profile nor every printer knows
+    unknown,         // a code that neither the profile nor every printer knows
   };
 
   Kind kind;
   std::string_view bytes;  // of the event, a part of what was given
   CodeSet codes;
+  CodeExtent extent = {};  // of an unknown code
 };
 
 class Decoder {
  public:
   explicit Decoder(const Profile& profile);
 
-  // The event at the front of the bytes.  Text reaches as far as it can, unknown codes too: an
-  // escape byte takes the byte behind it and the control bytes behind that.
+  // The event at the front of the bytes.  Text reaches as far as it can.  An unknown code has the
+  // arguments and data that it has in the language of the profile's printer.  Where that does not
+  // say, an escape takes the byte behind it, and a code the control bytes behind it: then the event
+  // says that its end is not known, or, where there is no escape, has several codes.
   // REQUIRES: `bytes` is not empty; it outlives the event.
   PrinterEvent next(std::string_view bytes) const;
 
@@ -63,10 +68,13 @@ class Decoder {
   };
 
   const Known* codeAt(std::string_view bytes) const;
-  bool beginsNothingKnown(std::string_view bytes) const;
+  // Whether the byte at the front may belong to the unknown code before it.
+  bool mayFollow(std::string_view bytes) const;
+  bool isPartOfUnknown(std::string_view bytes) const;
   PrinterEvent text(std::string_view bytes) const;
   PrinterEvent unknown(std::string_view bytes) const;
 
+  const PrinterLanguage language_;
   std::array<std::vector<Known>, 256> byFirst_;  // by their first byte, the longest first
 };
 

@@ -5,8 +5,6 @@
 #include <algorithm>
 #include <string>
 
-#include "tarvordp/profile/code_text.h"
-
 namespace tarvordp {
 namespace {
 
@@ -19,12 +17,15 @@ constexpr double kHoleDistance = 0.5 * kPointsPerInch;
 constexpr double kHoleRadius = 5.6;
 constexpr double kBarHeight = 0.5 * kPointsPerInch;
 
-// The font's characters are 0.6 of its size wide: ten an inch.
-constexpr double kFontSize = 12;
-constexpr double kUsualWidth = 7.2;
-constexpr double kBaseline = 9.4;   // below the line's top
-constexpr double kUnderline = 2.1;  // below the baseline
-constexpr double kUnderlineThickness = 0.8;
+// The font's characters are 0.6 of its size wide.  They reach from 0.832 above the baseline (Á) to
+// 0.217 below it (ç): at this size a line holds all of them, so that none is cut off at the fold.
+constexpr double kFontSize = 11.4;
+constexpr double kUsualWidth = 0.6 * kFontSize;
+constexpr double kBaseline = 9.5;   // below the line's top
+constexpr double kUnderline = 1.7;  // below the baseline
+constexpr double kUnderlineThickness = 0.7;
+constexpr double kMostPrintedTop = 6;
+constexpr double kDotColumn = 8;  // its height
 
 // Labels find room between two lines' letters.
 constexpr double kLabelSize = 4.2;
@@ -128,6 +129,10 @@ Paper paperFor(int widestLine, int pageHeight) {
   return paper;
 }
 
+double printedTopFor(int lowestInk, int pageHeight) {
+  return std::clamp<double>(pageHeight - lowestInk, 0, kMostPrintedTop);
+}
+
 PageDrawing::PageDrawing(const Paper& paper)
     : paper_(paper),
       faces_{makeFace(false, false), makeFace(true, false), makeFace(false, true),
@@ -141,12 +146,16 @@ PageDrawing::~PageDrawing() {
 
 void PageDrawing::draw(cairo_t* context, const Page& page) const {
   drawPaper(context);
+  cairo_save(context);
+  cairo_translate(context, 0, paper_.printedTop);
   for (const Line& line : page.lines) {
     for (const Run& run : line.runs) {
       if (run.unknown.empty()) drawRun(context, run, line.top + kBaseline);
+      if (run.unknown.width > 0) drawGraphics(context, run, line.top + kBaseline);
     }
   }
   for (const Line& line : page.lines) drawLabels(context, line);
+  cairo_restore(context);
 }
 
 // Labels of codes at one place stand side by side.
@@ -156,7 +165,7 @@ void PageDrawing::drawLabels(cairo_t* context, const Line& line) const {
     if (run.unknown.empty()) continue;
     const double place = across(paper_, run.x);
     free =
-        drawLabel(context, hexOf(run.unknown), place, std::max(place, free), line.top + kBaseline);
+        drawLabel(context, shown(run.unknown), place, std::max(place, free), line.top + kBaseline);
   }
 }
 
@@ -174,7 +183,8 @@ void PageDrawing::drawPaper(cairo_t* context) const {
 
 void PageDrawing::drawBars(cairo_t* context) const {
   const double width = paper_.width - 2 * kStripWidth;
-  for (double y = kBarHeight; y < paper_.height; y += 2 * kBarHeight) {
+  // Three lines fit a bar: the operator has the first one begin where a bar does.
+  for (double y = paper_.printedTop + kBarHeight; y < paper_.height; y += 2 * kBarHeight) {
     fill(context, kBar, kStripWidth, y, width, std::min(kBarHeight, paper_.height - y));
   }
 }
@@ -206,13 +216,35 @@ void PageDrawing::drawRun(cairo_t* context, const Run& run, double baseline) con
        kUnderlineThickness);
 }
 
+// What the dots show is not known: the room that they take is hatched.
+void PageDrawing::drawGraphics(cairo_t* context, const Run& run, double baseline) const {
+  static constexpr double kHatch = 3;
+  const double left = across(paper_, run.x);
+  const double width = run.unknown.width / kUnitsPerPoint;
+  const double top = baseline - kDotColumn;
+  cairo_save(context);
+  cairo_rectangle(context, left, top, width, kDotColumn);
+  use(context, kLabelPaper);
+  cairo_fill_preserve(context);
+  cairo_clip(context);
+  use(context, kLabelInk);
+  cairo_set_line_width(context, 0.4);
+  for (double x = left - kDotColumn; x < left + width; x += kHatch) {
+    cairo_move_to(context, x, baseline);
+    cairo_line_to(context, x + kDotColumn, top);
+  }
+  cairo_rectangle(context, left, top, width, kDotColumn);
+  cairo_stroke(context);
+  cairo_restore(context);
+}
+
 // It hangs over the line and points to the code's place: it takes no room among the characters.
 // Gives where the next one may begin.
 double PageDrawing::drawLabel(cairo_t* context, const std::string& text, double place, double left,
                               double baseline) const {
   const double width = static_cast<double>(text.size()) * kLabelSize * 0.6 + 2 * kLabelMargin;
   const double x = std::min(left, paper_.width - kStripWidth - width);
-  const double top = std::max(baseline - kLabelRise - kLabelHeight, 0.5);
+  const double top = std::max(baseline - kLabelRise - kLabelHeight, 0.5 - paper_.printedTop);
   cairo_set_source_rgba(context, kLabelPaper.red, kLabelPaper.green, kLabelPaper.blue, 0.8);
   cairo_rectangle(context, x, top, width, kLabelHeight);
   cairo_fill(context);

@@ -15,12 +15,17 @@ namespace tarvordp {
 struct Paper {
   double width = 0;        // with both strips
   double printedLeft = 0;  // where the first column is
+  double printedTop = 0;   // how far below the fold the first line begins
   double height = 0;
   bool greenBars = false;
 };
 
 // The usual paper on which the widest line finds room: 9 1/2 inches, or 14 7/8.
 Paper paperFor(int widestLine, int pageHeight);
+
+// How far below the fold an operator would have the first line begin: half a line, and less where
+// the lowest line needs that room.
+double printedTopFor(int lowestInk, int pageHeight);
 
 class PageDrawing {
  public:
@@ -37,6 +42,7 @@ class PageDrawing {
   void drawBars(cairo_t* context) const;
   void drawStrip(cairo_t* context, double left) const;
   void drawRun(cairo_t* context, const Run& run, double baseline) const;
+  void drawGraphics(cairo_t* context, const Run& run, double baseline) const;
   void drawLabels(cairo_t* context, const Line& line) const;
   double drawLabel(cairo_t* context, const std::string& text, double place, double left,
                    double baseline) const;

@@ -55,7 +55,7 @@ class PageMaker {
       case Kind::tab:
         return tabulate();
       case Kind::unknown:
-        return showUnknown(event.bytes);
+        return showUnknown(event);
     }
   }
 
@@ -165,8 +165,18 @@ class PageMaker {
     print(std::string(static_cast<std::size_t>(kTabColumns - columns % kTabColumns), ' '), true);
   }
 
-  void showUnknown(std::string_view bytes) {
-    line_.runs.push_back({x_, state_.look(), pass_, {}, std::string(bytes), false});
+  // What of graphics does not find room on the line is lost, as on the printer.
+  void showUnknown(const PrinterEvent& event) {
+    const CodeExtent& extent = event.extent;
+    const int width = std::min(extent.width, kWidestLine - x_);
+    line_.runs.push_back({x_,
+                          state_.look(),
+                          pass_,
+                          {},
+                          {std::string(event.bytes), extent.data, extent.announced,
+                           extent.endIsKnown, extent.isGraphics, width},
+                          false});
+    x_ += width;
   }
 
   const Decoder insideInitialStrings_;
@@ -184,6 +194,7 @@ class PageMaker {
 int widthOf(const Line& line) {
   int width = 0;
   for (const Run& run : line.runs) {
+    if (run.unknown.width > 0) width = std::max(width, run.x + run.unknown.width);
     const std::size_t seen =
         run.look.underlined ? run.text.size() : run.text.find_last_not_of(u' ') + 1;
     if (seen > 0) width = std::max(width, run.x + static_cast<int>(seen) * run.look.width);

@@ -16,6 +16,7 @@
 
 #include "frame/text.h"
 #include "tarvordp/profile/profile.h"
+#include "tarvordp/view/unknown_code.h"
 
 namespace tarvordp {
 
@@ -35,13 +36,14 @@ struct Look {
   friend bool operator==(const Look&, const Look&) = default;
 };
 
-// Characters side by side in one look, or a code that nobody knows, which takes no room.
+// Characters side by side in one look, or a code that the profile does not know.  Such a code takes
+// no room, unless it prints graphics.
 struct Run {
   int x = 0;
   Look look;
-  int pass = 0;         // counts the carriage returns before it that had no line feed with them
-  tarvo::Text text;     // empty for an unknown code; the blanks of a tab
-  std::string unknown;  // its bytes
+  int pass = 0;      // counts the carriage returns before it that had no line feed with them
+  tarvo::Text text;  // empty for an unknown code; the blanks of a tab
+  UnknownCode unknown;
   bool isTab = false;
 };
 

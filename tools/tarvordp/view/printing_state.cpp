@@ -35,7 +35,7 @@ PrintingState::PrintingState(const Profile& profile)
       normalSetsTenAnInch_(contains(codeOf(profile, ControlCode::normal),
                                     codeOf(profile, ControlCode::font10Points))),
       expandedEndsWithLine_(codeOf(profile, ControlCode::initExpanded).ends_with(kShiftOut)),
-      international_(selectedBy(codeOf(profile, ControlCode::internationalChars))) {}
+      international_(selectedBy(codeOf(profile, ControlCode::internationalChars)).set) {}
 
 void PrintingState::apply(CodeSet codes) {
   if (codes.has(ControlCode::reset)) modes_ = Modes{};

@@ -39,7 +39,7 @@ std::string styleOf(const Cell& cell) {
 }
 
 std::string shown(const Cell& cell) {
-  if (!cell.unknown.empty()) return shownUnknown(cell.unknown);
+  if (!cell.unknown.empty()) return cell.unknown;
   return tarvo::toUtf8({&cell.character, 1}) + (cell.look.expanded ? " " : "");
 }
 

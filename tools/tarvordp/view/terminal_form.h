@@ -11,8 +11,8 @@ namespace tarvordp {
 // Writes a page under a ruler that names it ("──── page 2 of 3 ────").
 //
 // Expanded letters take two columns; pitches are not told apart otherwise.  With `ansi` bold,
-// underlined and italic print is shown as such, and codes that nobody knows (<1B 6B>) are dim.
-// Empty lines of less than a line's height are left out.
+// underlined and italic print is shown as such, and codes that the profile does not know (<1B 43
+// 21>) are dim. Empty lines of less than a line's height are left out.
 void writeForTerminal(std::ostream& out, const Page& page, std::size_t number, std::size_t pages,
                       bool ansi);
 

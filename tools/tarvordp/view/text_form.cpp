@@ -17,7 +17,7 @@ std::string textOf(const CellRow& row) {
       if (cell.printed != 0) characters += cell.printed;
       continue;
     }
-    text += tarvo::toUtf8(characters) + shownUnknown(cell.unknown);
+    text += tarvo::toUtf8(characters) + cell.unknown;
     characters.clear();
   }
   return text + tarvo::toUtf8(characters);

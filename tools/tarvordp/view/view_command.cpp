@@ -7,7 +7,9 @@
 #include <vector>
 
 #include "tarvordp/command_line.h"
+#include "tarvordp/profile/code_text.h"
 #include "tarvordp/profile/profile.h"
+#include "tarvordp/view/character_set.h"
 #include "tarvordp/view/page_files.h"
 #include "tarvordp/view/page_model.h"
 #include "tarvordp/view/terminal_form.h"
@@ -32,6 +34,7 @@ struct Survey {
   std::size_t pages = 0;
   int pageHeight = 0;
   int widestLine = 0;
+  int lowestInk = 0;  // points below the page's top
 };
 
 Survey survey(const std::string& bytes, const Profile& profile) {
@@ -39,8 +42,11 @@ Survey survey(const std::string& bytes, const Profile& profile) {
   makePages(bytes, profile, [&](const Page& page) {
     ++found.pages;
     found.pageHeight = page.height;
-    for (const Line& line : page.lines)
-      found.widestLine = std::max(found.widestLine, widthOf(line));
+    for (const Line& line : page.lines) {
+      const int width = widthOf(line);
+      found.widestLine = std::max(found.widestLine, width);
+      if (width > 0) found.lowestInk = std::max(found.lowestInk, line.top + kPointsPerLine);
+    }
   });
   return found;
 }
@@ -52,6 +58,7 @@ class Viewing {
     if (options.lines > 0) profile_.maxLinPage = static_cast<std::uint8_t>(options.lines);
     bytes_ = readWholeFile(options.file);
     found_ = survey(bytes_, profile_);
+    tellUnknownSet();
   }
 
   int show() {
@@ -66,12 +73,21 @@ class Viewing {
     } else if (!drawn) {
       showOnTerminal();
     }
-    if (!console_.out.flush()) throw CannotWrite("the pages cannot be written to the output");
     if (drawn) drawFiles();
     return kDone;
   }
 
  private:
+  void tellUnknownSet() {
+    const std::string code = bytesSent(profile_, ControlCode::internationalChars);
+    const SetSelection selection = selectedBy(code);
+    if (selection.unknown.empty()) return;
+    console_.err << "tarvordp: the profile's character set (ChrInternationalChars, "
+                 << hexOf(selection.unknown)
+                 << ") is not known here: letters beyond ASCII are shown "
+                 << "as those of " << nameOf(selection.set) << '\n';
+  }
+
   void showOnTerminal() {
     std::size_t number = 0;
     makePages(bytes_, profile_, [&](const Page& page) {
@@ -82,6 +98,7 @@ class Viewing {
   void drawFiles() {
     Paper paper = paperFor(found_.widestLine, found_.pageHeight);
     paper.greenBars = options_.greenBars;
+    paper.printedTop = printedTopFor(found_.lowestInk, found_.pageHeight);
     std::vector<std::unique_ptr<PageFiles>> files;
     if (!options_.pictures.empty()) files.push_back(makePictures(options_.pictures, paper));
     if (!options_.pdf.empty()) files.push_back(makePdf(options_.pdf, paper));
@@ -136,9 +153,14 @@ void addViewCommand(CLI::App& program, Console& console, int& status) {
       program.add_subcommand("view", "Show printed bytes as the pages that leave the printer");
   command->footer(
       "Without --png, --pdf and --text the pages are shown here.  Codes that the profile does not\n"
-      "know are shown as bytes, <1B 6B>.\n\n"
-      "Exit status: 0 shown; 1 a file could not be written, or there is no page to write; 2 wrong\n"
-      "arguments, profile or file.\n\n"
+      "know are shown as bytes with their arguments, <1B 43 21>, graphics by their size, and as\n"
+      "<1B 6B ?> where the language of the profile's printer does not tell how long the code is:\n"
+      "what follows may belong to it.\n\n"
+      "Exit status:\n"
+      "  0  shown\n"
+      "  1  a file could not be written, or there is no page to write\n"
+      "  2  wrong arguments, profile or file\n"
+      "  3  the standard output was not written whole\n\n"
       "Examples:\n"
       "  tarvordp view invoice.prn --profile epson-9pin\n"
       "  tarvordp view invoice.prn --profile epson-9pin --png invoice\n"
@@ -159,7 +181,9 @@ void addViewCommand(CLI::App& program, Console& console, int& status) {
   command->add_flag("--text", options->text,
                     "Only the lines that were printed, as plain text (UTF-8)");
   command
-      ->add_option("--lines", options->lines, "Lines on a page; default: the profile's MaxLinPage")
+      ->add_option("--lines", options->lines,
+                   "Lines on a page (half-letter paper, MEDIACARTA: 29); default: the profile's "
+                   "MaxLinPage")
       ->check(CLI::Range(1, 255))
       ->type_name("N");
   command->add_flag("--green-bars", options->greenBars, "Draw on paper with green bars");

@@ -1,0 +1,199 @@
+#!/usr/bin/env python3
+"""A newcomer's first minutes, on a Debian that has nothing yet.
+
+    test_newcomer.py TEST PACKAGES FOLDER
+
+PACKAGES is the folder with the Debian package, FOLDER the test's own.  Exit code 77: the test cannot
+run here, and why.  Needs root, or sudo without a password, and a Debian mirror.
+"""
+import os
+import pathlib
+import re
+import shlex
+import shutil
+import subprocess
+import sys
+import time
+
+PROJECT = pathlib.Path(__file__).resolve().parents[2]
+EQUIPMENT = PROJECT / "tests/equipment/debian"
+README = (PROJECT / "README.md").read_text("utf-8")
+SKIPPED = 77
+# For "./dev demo", when the packages it needs are there.
+DEMO_LIMIT_SECONDS = 300
+
+
+class Failure(Exception):
+    pass
+
+
+class Skip(Exception):
+    pass
+
+
+def cache():
+    default = pathlib.Path(os.environ.get("XDG_CACHE_HOME", pathlib.Path.home() / ".cache"))
+    return pathlib.Path(os.environ.get("TARVO_CACHE", default / "libtarvordp"))
+
+
+def empty_system():
+    """A Debian that has nothing, made once."""
+    recipe = EQUIPMENT / "make_system.sh"
+    mark = subprocess.run(["cksum", recipe], capture_output=True, text=True, check=True)
+    system = cache() / f"empty-{mark.stdout.split()[0]}"
+    if system.is_dir():
+        return system
+    if not shutil.which("debootstrap"):
+        raise Skip("debootstrap is not installed")
+    unfinished = pathlib.Path(f"{system}.new")
+    shutil.rmtree(unfinished, ignore_errors=True)
+    unfinished.parent.mkdir(parents=True, exist_ok=True)
+    architecture = output("dpkg", "--print-architecture").strip()
+    made = subprocess.run([recipe, architecture, unfinished], stdin=subprocess.DEVNULL,
+                          capture_output=True, text=True, check=False)
+    if made.returncode != 0:
+        raise Skip("an empty Debian could not be made: " + (made.stdout + made.stderr)[-500:])
+    unfinished.rename(system)
+    return system
+
+
+def output(*command):
+    return subprocess.run(command, capture_output=True, text=True, check=True).stdout
+
+
+class Machine:
+    """A copy of the empty system, with the test's files in it."""
+
+    def __init__(self, folder):
+        self.root = folder / "machine"
+        shutil.rmtree(self.root, ignore_errors=True)
+        folder.mkdir(parents=True, exist_ok=True)
+        subprocess.run(["cp", "-a", empty_system(), self.root], check=True)
+
+    def clone_project(self):
+        """The project's files, as a clone has them."""
+        clone = self.root / "root/project"
+        clone.mkdir()
+        packed = subprocess.Popen(
+            ["tar", "-C", PROJECT, "--exclude=./build", "--exclude=./.git", "-c", "."],
+            stdout=subprocess.PIPE)
+        subprocess.run(["tar", "-C", clone, "--no-same-owner", "-x"], stdin=packed.stdout,
+                       check=True)
+        if packed.wait() != 0:
+            raise Failure("the project could not be copied")
+        return clone
+
+    def run(self, script):
+        """What the shell script says on standard output; its failure is the test's."""
+        result = subprocess.run([EQUIPMENT / "enter.sh", self.root, cache() / "archives",
+                                 "sh", "-ec", script], stdin=subprocess.DEVNULL,
+                                capture_output=True, text=True, errors="replace", check=False)
+        if result.returncode != 0:
+            raise Failure(f"{script}: exit code {result.returncode}\n"
+                          f"{result.stdout[-3000:]}{result.stderr[-3000:]}")
+        return result.stdout
+
+    def remove(self):
+        shutil.rmtree(self.root, ignore_errors=True)
+
+
+def readme_commands():
+    """The blocks of commands that a reader types after "./dev demo"."""
+    return "".join(re.findall(r"(?ms)^```sh\n(.*?)^```$", README))
+
+
+def expect(condition, what):
+    if not condition:
+        raise Failure(what)
+
+
+def demo_on_an_empty_machine(machine, _):
+    """As the README says, from nothing: what is needed is installed, built, and prints."""
+    expect("\n```\n./dev demo\n```\n" in README, "the README begins with something else")
+    project = machine.clone_project()
+    # A mirror that cannot be reached is not the demo's fault.
+    try:
+        machine.run("apt-get update -qq && rm -rf /var/lib/apt/lists/*")
+    except Failure as failure:
+        raise Skip(f"no Debian mirror can be reached: {failure}") from failure
+    machine.run("cd /root/project && . tools/dev/setup.sh && need native")
+    started = time.monotonic()
+    said = machine.run("cd /root/project && ./dev demo")
+    seconds = time.monotonic() - started
+    print(f"./dev demo took {seconds:.0f} s, packages not counted")
+    expect(seconds < DEMO_LIMIT_SECONDS, f"./dev demo took {seconds:.0f} s")
+    expect(said.splitlines()[-5].startswith("Printed from samples/trading/trading.sqlite"),
+           f"these are not the demo's last five lines:\n{said[-800:]}")
+    expect("FACTURA Nº 00001003" in said, "the invoice's first page is not shown")
+    for name in ("invoice.prn", "invoice-1.png", "payroll.prn.2", "payroll-front.pdf",
+                 "ledger.pdf"):
+        expect((project / "build/demo" / name).stat().st_size > 100, f"{name} is no page")
+    machine.run(f"cd /root/project\n{readme_commands()}")
+    helped = machine.run("cd /root/project && ./dev help")
+    for command in sorted(set(re.findall(r"\./dev ([a-z]+)", README)) - {"help"}):
+        expect(re.search(rf"(?m)^  {command}\b", helped), f"./dev help does not know {command}")
+
+
+def package_installed_by_apt(machine, packages):
+    """The package brings what it needs, prints, and goes away again."""
+    found = sorted(packages.glob("*.deb"))
+    expect(len(found) == 1, f"{packages}: {len(found)} Debian packages")
+    shutil.copy(found[0], machine.root / "root")
+    try:
+        machine.run("apt-get update -qq")
+    except Failure as failure:
+        raise Skip(f"no Debian mirror can be reached: {failure}") from failure
+    machine.run(f"apt-get install -qq -y /root/{shlex.quote(found[0].name)}")
+    samples = "/usr/share/doc/tarvordp/samples/trading"
+    said = machine.run("cd /root; tarvordp --version; tarvordp profiles >/dev/null; "
+                       f"tarvordp print {samples}/invoice.json --printer file:i.prn --yes; "
+                       "tarvordp view i.prn --profile epson-9pin --text --png i --pdf i.pdf")
+    expect(said.startswith("tarvordp "), "no version is told")
+    expect("FACTURA Nº 00001003" in said, f"this is no invoice:\n{said[:500]}")
+    for name in ("i.prn", "i-1.png", "i.pdf"):
+        expect((machine.root / "root" / name).stat().st_size > 100, f"{name} is no page")
+    # The library, with what its package suggests.
+    machine.run("apt-get install -qq -y g++ cmake make pkg-config libcups2-dev && "
+                "cd /root && cmake -S /usr/share/doc/tarvordp/samples/cpp-native -B client && "
+                "cmake --build client && "
+                "client/invoice file:client.prn /usr/share/doc/tarvordp/samples/templates")
+    expect((machine.root / "root/client.prn").stat().st_size > 100, "the client printed nothing")
+    machine.run("apt-get remove -qq -y tarvordp && ! command -v tarvordp")
+
+
+TESTS = {
+    "DemoOnAnEmptyMachine": demo_on_an_empty_machine,
+    "PackageInstalledByApt": package_installed_by_apt,
+}
+
+
+def as_root():
+    """Starts this program again as root, when that needs no password."""
+    if os.geteuid() == 0:
+        return
+    if subprocess.run(["sudo", "-n", "true"], capture_output=True, check=False).returncode != 0:
+        raise Skip("an empty Debian can only be made by root")
+    os.execvp("sudo", ["sudo", "-n", f"TARVO_CACHE={cache()}", sys.executable, *sys.argv])
+
+
+def main():
+    name, packages, folder = sys.argv[1], pathlib.Path(sys.argv[2]), pathlib.Path(sys.argv[3])
+    machine = None
+    try:
+        as_root()
+        machine = Machine(folder.resolve())
+        TESTS[name](machine, packages.resolve())
+    except Skip as skip:
+        print(skip)
+        return SKIPPED
+    except Failure as failure:
+        print(failure)
+        return 1
+    finally:
+        if machine:
+            machine.remove()
+    return 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())

@@ -1,0 +1,92 @@
+// What a person is told after a report was printed, so that a misspelt name does not stay unseen.
+#include "print_testing.h"
+
+namespace tarvordp {
+namespace {
+
+using testing::EndsWith;
+using testing::HasSubstr;
+
+class HintsTest : public test::PrintTest {
+ protected:
+  std::string hintsFor(const std::string& lines, const std::string& more,
+                       const std::vector<std::string>& arguments = {}) {
+    writeMasterDetail(lines, more);
+    const test::Outcome outcome = print(arguments);
+    EXPECT_EQ(outcome.status, kDone);
+    EXPECT_EQ(outcome.out, "");
+    return outcome.err;
+  }
+};
+
+constexpr const char* kNowhere = "tarvordp: hint: nothing answered these names of the template: ";
+
+TEST_F(HintsTest, NamesThatAreNowhereAreToldOnce) {
+  EXPECT_EQ(hintsFor("{CLIENTE.NOMBRE} {Cliente.Nombre} {TOTAL}\n{CUERPO=2}\n"
+                     "{N} {Renglon.MNTO}\n{FINCUERPO}\n",
+                     R"(, "record": {"TOTAL": 1}, "details": [{"N": "a"}, {"N": "b"}])"),
+            std::string(kNowhere) + "CLIENTE.NOMBRE, Renglon.MNTO\n");
+}
+
+TEST_F(HintsTest, OfManyNamesTheFirstOnesAreTold) {
+  const std::string body = "\n{CUERPO=1}\n{FINCUERPO}\n";
+  EXPECT_EQ(hintsFor("{A}{B}{C}{D}{E}" + body, ""), std::string(kNowhere) + "A, B, C, D, E\n");
+  EXPECT_EQ(hintsFor("{A}{B}{C}{D}{E}{F}{G}" + body, ""),
+            std::string(kNowhere) + "A, B, C, D, E and 2 more\n");
+}
+
+TEST_F(HintsTest, ANullIsAnAnswer) {
+  write("d.csv", "N:number\n\"\"\n");
+  EXPECT_EQ(hintsFor("{A}\n{CUERPO=1}\n{N}\n{FINCUERPO}\n",
+                     R"(, "record": {"A": null}, "details": {"csv": "d.csv"})"),
+            "");
+}
+
+TEST_F(HintsTest, OfAFormTheyAreToldAsWell) {
+  writeForm(R"(, "sheets": "first")");
+  write("UNO.ID", "{A} {B}\n");
+  EXPECT_EQ(print().err, std::string(kNowhere) + "B\n");
+}
+
+TEST_F(HintsTest, ASetNameThatNoTemplateAskedForIsTold) {
+  const std::string lines = "{Factura.Numero}\n{CUERPO=1}\n{FINCUERPO}\n";
+  EXPECT_EQ(hintsFor(lines, "",
+                     {"--set", "factura.numro=1", "--set", "FACTURA.NUMERO=2", "--set", "x=3",
+                      "--set", "x=4"}),
+            "tarvordp: hint: --set gives what no template asked for: factura.numro, x\n");
+  EXPECT_EQ(hintsFor(lines, "", {"--set", "FACTURA.numero=2"}), "");
+}
+
+TEST_F(HintsTest, AReportThatNeverAskedHasNoHintOnSet) {
+  writeMasterDetail("{A}\n{CUERPO=1}\n{FINCUERPO}\n", R"(, "canPrint": false)");
+  EXPECT_THAT(print({"--set", "B=1"}).err, testing::Not(HasSubstr("hint")));
+}
+
+TEST_F(HintsTest, ACsvFileWithAnotherSeparatorIsTold) {
+  const std::string lines = "{CUERPO=1}\n{R.CODIGO}\n{FINCUERPO}\n";
+  const std::string details = R"(, "details": {"csv": "d.csv"})";
+  write("d.csv", "\xEF\xBB\xBFR.CODIGO;R.MONTO\r\nA-1;12\r\n");
+  EXPECT_EQ(withoutFolder(hintsFor(lines, details)),
+            "tarvordp: hint: d.csv seems to be separated by \";\", and a CSV file by \",\"\n" +
+                std::string(kNowhere) + "R.CODIGO\n");
+  write("d.csv", "R.CODIGO\tR.MONTO\nA-1\t12\n");
+  EXPECT_THAT(hintsFor(lines, details), HasSubstr("d.csv seems to be separated by tabs, and "));
+  write("d.csv", "R.CODIGO,a;b\nA-1,12\n");
+  EXPECT_EQ(hintsFor(lines, details), "") << "more than one column";
+}
+
+TEST_F(HintsTest, ASeparatorThatMakesTheRowsWrongIsToldWithTheMistake) {
+  writeMasterDetail("{CUERPO=1}\n{R.CODIGO}\n{FINCUERPO}\n", R"(, "details": {"csv": "d.csv"})");
+  for (const char* content :
+       {"R.CODIGO;R.MONTO\nA-1;1250,50\n", "R.MONTO:number;R.CODIGO\n12;A-1\n"}) {
+    write("d.csv", content);
+    const test::Outcome outcome = print();
+    EXPECT_EQ(outcome.status, kWrongInput) << content;
+    EXPECT_THAT(outcome.err,
+                EndsWith(": d.csv seems to be separated by \";\", and a CSV file by \",\"\n"));
+    EXPECT_FALSE(has("out.prn"));
+  }
+}
+
+}  // namespace
+}  // namespace tarvordp

@@ -1,0 +1,53 @@
+#include "tarvordp/print/asked_names.h"
+
+#include <algorithm>
+
+#include "tarvordp/job/record.h"
+
+namespace tarvordp {
+namespace {
+
+constexpr std::size_t kMostNames = 5;
+
+std::string listed(const std::vector<std::string>& names) {
+  std::string text;
+  for (std::size_t i = 0; i < std::min(names.size(), kMostNames); ++i) {
+    text.append(i == 0 ? "" : ", ").append(names[i]);
+  }
+  if (names.size() > kMostNames) {
+    text += " and " + std::to_string(names.size() - kMostNames) + " more";
+  }
+  return text;
+}
+
+}  // namespace
+
+void AskedNames::expect(const std::vector<std::string>& names) {
+  for (const std::string& name : names) {
+    if (std::ranges::find(unasked_, name) == unasked_.end()) unasked_.push_back(name);
+  }
+}
+
+void AskedNames::note(const tarvo::Text& name, bool isNowhere) {
+  isAny_ = true;
+  const tarvo::Text key = nameKey(name);
+  std::erase_if(unasked_, [&](const std::string& expected) {
+    return nameKey(tarvo::fromUtf8(expected)) == key;
+  });
+  if (isNowhere && unansweredKeys_.emplace(key, true).second) {
+    unanswered_.push_back(tarvo::toUtf8(name));
+  }
+}
+
+std::vector<std::string> AskedNames::hints() const {
+  std::vector<std::string> hints;
+  if (!unanswered_.empty()) {
+    hints.push_back("nothing answered these names of the template: " + listed(unanswered_));
+  }
+  if (isAny_ && !unasked_.empty()) {
+    hints.push_back("--set gives what no template asked for: " + listed(unasked_));
+  }
+  return hints;
+}
+
+}  // namespace tarvordp
