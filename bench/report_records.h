@@ -5,7 +5,9 @@
 // record has two lines, ten variables and two control words; a subtotal is carried.
 #pragma once
 
+#include <unistd.h>
 #include <array>
+
 #include <cstdint>
 #include <cstdio>
 #include <cstring>
@@ -13,6 +15,7 @@
 #include <fstream>
 #include <stdexcept>
 #include <string>
+#include <system_error>
 
 #include "frame/clsImplementIDMD.h"
 #include "frame/clsInitLibTarvoRpd.h"
@@ -148,12 +151,20 @@ class LedgerClient final : public clsImplementIDMD {
   const LedgerRecord* record_ = nullptr;
 };
 
-// A folder with the template.
+// A folder with the template, while this object lives; each process has its own.
 class LedgerFolder {
  public:
-  LedgerFolder() : path_(std::filesystem::temp_directory_path() / "tarvo-bench") {
+  LedgerFolder()
+      : path_(std::filesystem::temp_directory_path() /
+              ("tarvo-bench-" + std::to_string(getpid()))) {
     std::filesystem::create_directories(path_);
     std::ofstream(path_ / "LIBRO.ID", std::ios::binary) << kLedgerTemplate;
+  }
+  LedgerFolder(const LedgerFolder&) = delete;
+  LedgerFolder& operator=(const LedgerFolder&) = delete;
+  ~LedgerFolder() {
+    std::error_code ignored;
+    std::filesystem::remove_all(path_, ignored);
   }
   Text path() const { return (path_ / "").u16string(); }
 

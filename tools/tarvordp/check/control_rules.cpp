@@ -80,11 +80,14 @@ class ControlRules {
                                       [&](const auto& each) { return areOneValue(each, all[i]); });
       if (first == all.begin() + static_cast<std::ptrdiff_t>(i)) continue;
       const std::string name = tarvo::toUtf8(all[i].parsed->GetFieldName());
-      findings().warning(placeOf(all[i]),
-                         "a repeated line asks for " + name + " at both its places, and each may " +
-                             "take the next value: a long text may never end (run-time error 6); " +
-                             "a condition on it has an element number, {" + name +
-                             "[1],n,CONDICION}");
+      std::string told = "a repeated line asks for ";
+      told.append(name)
+          .append(
+              " at both its places, and each may take the next value: a long text may never "
+              "end (run-time error 6); a condition on it has an element number, {")
+          .append(name)
+          .append("[1],n,CONDICION}");
+      findings().warning(placeOf(all[i]), told);
       return;
     }
   }
