@@ -8,7 +8,7 @@ cd "$(dirname "$0")/../.."
 
 tarvordp=${1:-build/native/tarvordp}
 out=${2:-build/demo}
-rm -rf "$out"
+[ $# -ge 2 ] || rm -rf "$out"
 mkdir -p "$out"
 
 for report in invoice payroll ledger; do

@@ -89,6 +89,8 @@ conclude() {
 need native checks bench
 want windows wine spooler ui pages package
 mkdir -p $logs
+exec 8>"$logs/lock"
+flock --nonblock 8 || { echo "dev: the tests are running here already" >&2; exit 1; }
 : >$tally
 
 step format tools/dev/format.sh --check || true
@@ -111,8 +113,8 @@ if [ "$built" != " 64 32" ]; then
   skip package "the zip needs both Windows builds"
 elif step package ./dev package; then
   project_tests package
-  project_tests newcomer
 fi
+project_tests newcomer
 # Their figures are for people; here they have to build and to end well.
 step bench ./dev bench || true
 conclude

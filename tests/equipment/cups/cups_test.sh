@@ -10,14 +10,13 @@ work=$(mktemp -d)
 jobs=$work/jobs
 failures=0
 
+trap '"$server" stop "$jobs" 2>/dev/null; rm -rf "$work"' EXIT
+trap 'exit 1' HUP INT TERM
 socket=$("$server" start "$jobs") || {
   status=$?
   printf '%s\n' "$socket"
-  rm -rf "$work"
   exit $status
 }
-trap '"$server" stop "$jobs" 2>/dev/null; rm -rf "$work"' EXIT
-trap 'exit 1' HUP INT TERM
 export CUPS_SERVER="$socket"
 
 fail() {

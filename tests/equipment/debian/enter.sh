@@ -10,9 +10,12 @@ fi
 directory=$2 archives=$3
 shift 3
 
+# Today's network may be another than that of the day the system was made.
+cp -L /etc/resolv.conf "$directory/etc/resolv.conf" || true
 mkdir -p "$archives/partial"
 mount --bind "$archives" "$directory/var/cache/apt/archives"
 mount --rbind /proc "$directory/proc"
 mount --rbind /dev "$directory/dev"
 exec chroot "$directory" env -i PATH=/usr/sbin:/usr/bin:/sbin:/bin HOME=/root TERM=dumb \
-  DEBIAN_FRONTEND=noninteractive "$@"
+  DEBIAN_FRONTEND=noninteractive ${http_proxy:+"http_proxy=$http_proxy"} \
+  ${https_proxy:+"https_proxy=$https_proxy"} "$@"

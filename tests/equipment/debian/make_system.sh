@@ -4,8 +4,9 @@
 set -eu
 
 if [ "${1:-}" != --in-namespace ]; then
-  # Mounts made on the way end with this script, whatever happens to it.
-  exec unshare --mount "$0" --in-namespace "$@"
+  # Mounts and processes end with this script, and this script with its caller.
+  exec setpriv --pdeathsig KILL unshare --mount --pid --fork --kill-child --mount-proc \
+    "$0" --in-namespace "$@"
 fi
 architecture=$2 directory=$3
 shift 3
@@ -13,7 +14,7 @@ shift 3
 . /etc/os-release
 # The mirror that this machine uses.
 mirror=$(apt-get indextargets --format "\$(REPO_URI)" 'Created-By: Packages' \
-  "Codename: $VERSION_CODENAME" 2>/dev/null | head -n 1)
+  "Codename: $VERSION_CODENAME" 'Origin: Debian' 2>/dev/null | head -n 1)
 # shellcheck disable=SC2086
 debootstrap --arch="$architecture" --variant=minbase "$VERSION_CODENAME" "$directory" $mirror
 
