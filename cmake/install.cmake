@@ -32,6 +32,8 @@ write_basic_package_version_file(${PROJECT_BINARY_DIR}/${_package}ConfigVersion.
   COMPATIBILITY SameMajorVersion)
 install(FILES ${PROJECT_BINARY_DIR}/${_package}Config.cmake
   ${PROJECT_BINARY_DIR}/${_package}ConfigVersion.cmake DESTINATION ${_cmake_folder})
+# An installation may be moved, or made under another prefix than was said when it was configured.
+file(RELATIVE_PATH _up_to_prefix /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
 configure_file(cmake/tarvordpci.pc.in ${PROJECT_BINARY_DIR}/tarvordpci.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/tarvordpci.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 

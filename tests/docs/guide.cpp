@@ -1,32 +1,15 @@
 #include "guide.h"
 
 #include <algorithm>
-#include <fstream>
-#include <iterator>
-#include <sstream>
-#include <stdexcept>
 
+#include "blocks.h"
 #include "frame/text.h"
 #include "frame/upper_case.h"
 
 namespace tarvo::test {
 namespace {
 
-constexpr const char* kFence = "```";
 constexpr const char* kUnnamed = "EJEMPLO";
-
-struct Block {
-  std::size_t line = 0;
-  std::string word;
-  std::string argument;
-  std::vector<std::string> lines;
-
-  std::string text() const {
-    std::string all;
-    for (const std::string& each : lines) all += each + "\n";
-    return all;
-  }
-};
 
 // Takes blocks and headings in their order, and makes examples of them.
 class ExampleMaker {
@@ -110,14 +93,6 @@ class ExampleMaker {
   bool hasJson_ = false;
 };
 
-Block blockOf(std::size_t line, const std::string& fence) {
-  std::istringstream information(fence.substr(std::string(kFence).size()));
-  Block block;
-  block.line = line;
-  information >> block.word >> block.argument;
-  return block;
-}
-
 }  // namespace
 
 bool Template::isMasterDetail() const {
@@ -135,34 +110,16 @@ Guide guideFrom(const std::string& markdown, const BlockWords& words) {
   Guide guide;
   guide.text = markdown;
   ExampleMaker maker(guide, words);
-  std::istringstream lines(markdown);
-  Block block;
-  bool isInBlock = false;
-  std::size_t number = 0;
-  for (std::string line; std::getline(lines, line);) {
-    ++number;
-    if (line.starts_with(kFence)) {
-      if (isInBlock) {
-        maker.block(block);
-      } else {
-        block = blockOf(number, line);
-      }
-      isInBlock = !isInBlock;
-    } else if (isInBlock) {
-      block.lines.push_back(line);
-    } else if (line.starts_with('#')) {
-      maker.heading(number, line);
-    }
-  }
-  maker.finish(number);
-  if (isInBlock) guide.mistakes.push_back("a block without an end");
+  const bool isWhole = readMarkdown(
+      markdown, {[&](const Block& block) { maker.block(block); },
+                 [&](std::size_t line, const std::string& text) { maker.heading(line, text); }});
+  maker.finish(static_cast<std::size_t>(std::ranges::count(markdown, '\n')));
+  if (!isWhole) guide.mistakes.push_back("a block without an end");
   return guide;
 }
 
 Guide readGuide(const std::string& path, const BlockWords& words) {
-  std::ifstream file(path, std::ios::binary);
-  if (!file) throw std::runtime_error(path + " cannot be read");
-  return guideFrom({std::istreambuf_iterator<char>(file), {}}, words);
+  return guideFrom(contentOfFile(path), words);
 }
 
 }  // namespace tarvo::test

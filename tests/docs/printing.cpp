@@ -16,16 +16,6 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-std::string templateBytes(const Template& example) {
-  std::string bytes;
-  for (const std::string& line : example.lines) {
-    std::string encoded;
-    CodePage::ofSystem().encode(fromUtf8(line), encoded);
-    bytes += encoded + "\r\n";
-  }
-  return bytes;
-}
-
 bool isMasterDetail(const Example& example) { return example.templates[0].isMasterDetail(); }
 
 std::string jobText(const Example& example) {
@@ -53,13 +43,19 @@ ReportEnd endOf(const Example& example) {
   return isUnlimited ? ReportEnd::kOfUnlimitedPage : ReportEnd::kOfPages;
 }
 
+std::string textOf(const Template& example) {
+  std::string text;
+  for (const std::string& line : example.lines) text += line + "\n";
+  return text;
+}
+
 void writeTemplates(const Example& example, const TemporaryFolder& folder) {
   const Json job = Json::parse(example.json);
   const std::string directory = job.value("directory", ".");
   std::filesystem::create_directories(folder.path() / directory);
   for (const Template& each : example.templates) {
     const std::filesystem::path file = std::filesystem::path(directory) / (each.name + ".ID");
-    folder.write(file.u16string(), templateBytes(each));
+    folder.write(file.u16string(), templateBytes(textOf(each)));
   }
 }
 
@@ -76,6 +72,17 @@ int run(const std::vector<std::string>& words, std::string& output, std::string&
 }
 
 }  // namespace
+
+std::string templateBytes(const std::string& text) {
+  std::string bytes;
+  std::istringstream lines(text);
+  for (std::string line; std::getline(lines, line);) {
+    std::string encoded;
+    CodePage::ofSystem().encode(fromUtf8(line), encoded);
+    bytes += encoded + "\r\n";
+  }
+  return bytes;
+}
 
 void writeFiles(const Example& example, const std::string& jobName, const TemporaryFolder& folder) {
   writeTemplates(example, folder);

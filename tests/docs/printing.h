@@ -20,6 +20,9 @@ struct Printing {
 // raises.
 Printing print(const Example& example);
 
+// The lines of the text, in UTF-8, as the file of a template has them.
+std::string templateBytes(const std::string& text);
+
 // Writes the example's templates and its JSON, as it stands, into the folder.
 void writeFiles(const Example& example, const std::string& jobName, const TemporaryFolder& folder);
 

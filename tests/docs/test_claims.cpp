@@ -11,7 +11,8 @@ constexpr const char* kStops = "(stops with an error)\n";
 
 // What the workbench says at the end when nothing answered the name.
 std::string unanswered(const std::string& name) {
-  return "tarvordp: hint: nothing answered these names of the template: " + name + "\n";
+  return "tarvordp: hint: these names of the template were not answered, at least once: " + name +
+         "\n";
 }
 
 struct Claim {
@@ -58,6 +59,10 @@ const Claim kValues[] = {
     {"and a greater number in brackets", "{X[256]}\n", R"({"record": {"X": "a"}})", kStops},
     {"and a brace without its other", "{X\n", R"({"record": {"X": "a"}})", kStops},
     {"and a closing one before the first", "}{X}\n", R"({"record": {"X": "a"}})", kStops},
+    {"and one between two values", "a {X} } b {X}\n", R"({"record": {"X": "a"}})", kStops},
+    {"and one before a fixed text", "a } {@b}\n", "{}", kStops},
+    {"one behind the last value is printed", "{X} } b\n", R"({"record": {"X": "a"}})", "a } b\n"},
+    {"and one in a line without any", "a } b\n", "{}", "a } b\n"},
     {"a value that holds a brace is read again", "{X}\n",
      R"({"record": {"X": "a{Y,3}", "Y": "b"}})", "ab··\n"},
     {"a half is rounded up", "{X,6}\n", R"({"record": {"X": 0.125}})", "  0,13\n"},
@@ -161,6 +166,16 @@ const Claim kControls[] = {
     {"a new page prints the header and no footer",
      "h\n{CUERPO=3}\n{K}\n{SALTAPAGINA}n\n{FINCUERPO}\nf\n", R"({"details": [{"K": "k"}]})",
      "h\nk\n<FF>h\nn\n\n\nf\n"},
+    {"SNL with it in a report with records ends the line once",
+     "h\n{CUERPO=7}\n{K}\n{SALTAPAGINA}n{SNL,3}\nz\n{FINCUERPO}\nf\n",
+     R"({"details": [{"K": "k"}]})", "h\nk\n<FF>h\nn···\nz\n" + lines(5) + "f\n"},
+    {"a new page under a top margin of lines stops the report",
+     "h\n{CUERPO=3}\n{K}\n{SALTAPAGINA}n\n{FINCUERPO}\n",
+     R"({"details": [{"K": "k"}], "topMarginLines": 2})", kStops},
+    {"in the footer too", "h\n{CUERPO=1}\n{K}\n{FINCUERPO}\n{SALTAPAGINA}f\n",
+     R"({"details": [{"K": "k"}], "topMarginLines": 2})", kStops},
+    {"without it the margin does no harm", "h\n{CUERPO=1}\n{K}\n{FINCUERPO}\nf\n",
+     R"({"details": [{"K": "k"}], "topMarginLines": 2})", "\n\nh\nk\nf\n"},
     {"a new page in the header never ends", "{SALTAPAGINA}h\n{CUERPO=1}\n{FINCUERPO}\n", "{}",
      kStops},
     {"a line of 255 characters is told and printed whole", "{X,255}\n", R"({"record": {"X": "a"}})",
@@ -197,6 +212,11 @@ const Claim kReports[] = {
     {"a record longer than the body leaves an empty page before it",
      "...NMAXLINPAGINA=9\nh\n{CUERPO=1}\n{K}\nx\n{FINCUERPO}\nf\n", kOne,
      "h\n\nf\n<FF>h\na\nx\nf\n"},
+    {"a header of more lines than the page is printed",
+     "...NMAXLINPAGINA=3\nh\nh\nh\nh\n{CUERPO=1}\n{K}\n{FINCUERPO}\n", kOne, "h\nh\nh\nh\na\n"},
+    {"small letters and blanks make no difference to constants",
+     "... MediaCarta  \n... nMaxLinPagina=4 \nh\n{CUERPO=1}\n{K}\n{FINCUERPO}\n", kTwo,
+     "h\na\n\n\nh\nb\n"},
     {"a constant after another line is none",
      "h\n...NMAXLINPAGINA=3\n{CUERPO=3}\n{K}\n{FINCUERPO}\n", kOne, "h\na\n\n\n"},
     {"in a form it is a comment", "...NMAXLINPAGINA=3\na\nb\nc\nd\n", "{}", "a\nb\nc\nd\n"},

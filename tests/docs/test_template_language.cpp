@@ -2,16 +2,17 @@
 // same, and no word of the language is missing.
 #include <gmock/gmock.h>
 
-#include <filesystem>
 #include <set>
 #include <sstream>
 
+#include "blocks.h"
 #include "frame/text.h"
 #include "guide.h"
 #include "printing.h"
 #include "skeleton.h"
 #include "template/attribute_words.h"
 #include "template/control_words.h"
+#include "working_folder.h"
 
 namespace tarvo::test {
 namespace {
@@ -161,23 +162,6 @@ TEST_P(TemplateGuides, ExplainEveryWordBeforeTheTable) {
   }
 }
 
-// Where commands are run, until it goes.
-class WorkingFolder {
- public:
-  explicit WorkingFolder(const std::filesystem::path& folder) {
-    std::filesystem::current_path(folder);
-  }
-  WorkingFolder(const WorkingFolder&) = delete;
-  WorkingFolder& operator=(const WorkingFolder&) = delete;
-  ~WorkingFolder() {
-    std::error_code ignored;
-    std::filesystem::current_path(before_, ignored);
-  }
-
- private:
-  std::filesystem::path before_ = std::filesystem::current_path();
-};
-
 // The commands of the first example, in a folder that holds its two files.
 TEST_P(TemplateGuides, ShowCommandsThatWorkAsTheyAreWritten) {
   const TemporaryFolder folder;
@@ -200,31 +184,12 @@ TEST_P(TemplateGuides, ShowCommandsThatWorkAsTheyAreWritten) {
   EXPECT_THAT(output, ::testing::HasSubstr("1.395,50"));
 }
 
-// As a link names it: small letters, no marks, "-" for blanks.
-std::string anchorOf(const std::string& heading) {
-  std::string anchor;
-  for (const char c : heading) {
-    const auto byte = static_cast<unsigned char>(c);
-    if (c == ' ') {
-      anchor += '-';
-    } else if (std::isalnum(byte) != 0 || byte >= 0x80 || c == '-') {
-      anchor += static_cast<char>(byte < 0x80 ? std::tolower(byte) : byte);
-    }
-  }
-  return anchor;
-}
-
 TEST_P(TemplateGuides, LinkToHeadingsThatAreThere) {
   std::set<std::string> anchors;
   for (const Heading& each : guide().headings) anchors.insert(anchorOf(each.text));
-  const std::string mark = "](#";
-  int links = 0;
-  for (std::size_t at = 0; (at = guide().text.find(mark, at)) != std::string::npos; ++links) {
-    at += mark.size();
-    const std::string anchor = guide().text.substr(at, guide().text.find(')', at) - at);
-    EXPECT_TRUE(anchors.contains(anchor)) << anchor;
-  }
-  EXPECT_GT(links, 0);
+  const std::vector<std::string> links = ownLinks(guide().text);
+  EXPECT_THAT(links, ::testing::Not(::testing::IsEmpty()));
+  for (const std::string& link : links) EXPECT_TRUE(anchors.contains(link)) << link;
 }
 
 INSTANTIATE_TEST_SUITE_P(Guides, TemplateGuides, ::testing::Values(&kEnglish, &kSpanish),

@@ -202,8 +202,7 @@ def library_by_pkg_config(packages):
     root = packages.installed()
     places = [str(path) for path in root.glob("usr/lib/**/pkgconfig")]
     environment = {**os.environ, "PKG_CONFIG_PATH": ":".join(places)}
-    flags = run("pkg-config", f"--define-variable=prefix={root}/usr", "--cflags", "--libs",
-                "tarvordpci", env=environment).split()
+    flags = run("pkg-config", "--cflags", "--libs", "tarvordpci", env=environment).split()
     client = packages.folder / "client"
     run("g++", HERE / "client/main.cpp", "-o", client, *flags)
     printed = packages.folder / "printed.prn"

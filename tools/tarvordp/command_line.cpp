@@ -20,7 +20,7 @@ constexpr const char* kFooter =
     "\"tarvordp COMMAND --help\" tells a command's arguments and options.\n"
     "\n"
     "Exit status:\n"
-    "  0  done; check: nothing would make printing fail\n"
+    "  0  done; check: no errors were found\n"
     "  1  nothing, or a sheet less, was printed; check: errors were found;\n"
     "     view: a file could not be written\n"
     "  2  wrong arguments, or a job, a profile, a template or data that cannot be used:\n"

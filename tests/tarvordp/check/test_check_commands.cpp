@@ -24,6 +24,8 @@ class CheckCommands : public ::testing::Test {
     return path.string();
   }
 
+  bool& errIsTerminal() { return console_.errIsTerminal; }
+
   std::ostringstream out_;
   std::ostringstream err_;
 
@@ -88,6 +90,35 @@ TEST_F(CheckCommands, TakeAShippedProfile) {
                             path +
                             ":1:9: note: the profile has no ChrLight: BLANCA sends "
                             "nothing\n");
+}
+
+TEST_F(CheckCommands, AJobFileIsNoTemplate) {
+  const std::string job = file("j.json", "\n{\"report\": \"form\"}\n");
+  const std::string good = file("BUENA.ID", "{}\n");
+  for (const char* command : {"check", "fields"}) {
+    EXPECT_EQ(run({command, job, good}), 2);
+    EXPECT_EQ(err_.str(), "tarvordp: " + job +
+                              ": this is JSON, like a job file, and no template: give the .ID "
+                              "files\n");
+    EXPECT_THAT(out_.str(), ::testing::HasSubstr("BUENA.ID:"));
+    out_.str({});
+    err_.str({});
+  }
+}
+
+TEST_F(CheckCommands, APersonIsToldOfATemplateWithoutFindings) {
+  const std::string form = file("UNO.ID", "{A}\n");
+  const std::string report = file("DOS.ID", "a\n{CUERPO=1}\n{A}\n{FINCUERPO}\n");
+  const std::string warned = file("TRES.ID", "a }\n");
+  errIsTerminal() = true;
+  EXPECT_EQ(run({"check", form, report, warned}), 0);
+  EXPECT_EQ(err_.str(), "tarvordp: " + form + ": no findings, as a template of a form\n" +
+                            "tarvordp: " + report +
+                            ": no findings, as a template of a master-detail report\n");
+  err_.str({});
+  errIsTerminal() = false;
+  EXPECT_EQ(run({"check", form}), 0);
+  EXPECT_EQ(err_.str(), "");
 }
 
 TEST_F(CheckCommands, ExplainTheirExitStatus) {

@@ -205,5 +205,10 @@ TEST(CheckFiles, OfTheMasterDetailCases) {
           {"template"}, TemplateKind::kMasterDetail)));
 }
 
+TEST(CheckFiles, LettersOfFourBytesAreUtf8Too) {
+  EXPECT_THAT(findingsIn("\xF0\x9F\x98\x80 {A}\n"),
+              ::testing::HasSubstr("T:1:1: warning: this file looks like UTF-8"));
+}
+
 }  // namespace
 }  // namespace tarvordp::test

@@ -213,7 +213,7 @@ TEST(CheckPages, TakeTheProfilesLength) {
   EXPECT_EQ(findingsIn(text), "");
   EXPECT_EQ(
       findingsIn(text, {}, &profile),
-      "T:2:1: error: 1 of the header, 4 of the body, 1 of the footer: a page holds 5 lines\n");
+      "T:2:1: error: 1 + 4 + 1 = 6 lines (header, body, footer): a page of 6 lines holds 5\n");
   EXPECT_EQ(findingsIn("...NMAXLINPAGINA=7\n" + text, {}, &profile), "");
 }
 

@@ -1,5 +1,6 @@
 // Markers, constants and the lines that a master-detail report's sections take.
 #include "check_test.h"
+#include "equipment/processor_time.h"
 
 namespace tarvordp::test {
 namespace {
@@ -89,17 +90,21 @@ constexpr CheckCase kCases[] = {
     // Pages.
     {"a page that is just full", "...NMAXLINPAGINA=6\na\n{CUERPO=3}\n{A}\n{FINCUERPO}\nb\n", ""},
     {"a page that is too small", "...NMAXLINPAGINA=5\na\n{CUERPO=3}\n{A}\n{FINCUERPO}\nb\n",
-     "T:3:1: error: 1 of the header, 3 of the body, 1 of the footer: a page holds 4 lines\n"},
+     "T:3:1: error: 1 + 3 + 1 = 5 lines (header, body, footer): a page of 5 lines holds 4\n"},
     {"skipped lines count", "...NMAXLINPAGINA=6\n{SNL,2}\n{CUERPO=3}\n{A}\n{FINCUERPO}\nb\n",
-     "T:3:1: error: 2 of the header, 3 of the body, 1 of the footer: a page holds 5 lines\n"},
+     "T:3:1: error: 2 + 3 + 1 = 6 lines (header, body, footer): a page of 6 lines holds 5\n"},
     {"a page that is too small when every line is printed",
      "...NMAXLINPAGINA=5\n{CUERPO=3}\n{A}\n{FINCUERPO}\nb\n{C,VACIO}\n",
-     "T:2:1: warning: 0 of the header, 3 of the body, 2 of the footer when no condition "
-     "suppresses any: a page holds 4 lines\n"},
+     "T:2:1: warning: 0 + 3 + 2 = 5 lines (header, body, footer) when no condition "
+     "suppresses any: a page of 5 lines holds 4\n"},
     {"comments, open lines and constants take none",
      "...NMAXLINPAGINA=5\n... nota\n{SNP,3}\n{CUERPO=3}\n{A}\n{FINCUERPO}\nb\n", ""},
     {"half-letter paper is 29 lines long", "...MEDIACARTA\na\n{CUERPO=28}\n{A}\n{FINCUERPO}\nb\n",
-     "T:3:1: error: 1 of the header, 28 of the body, 1 of the footer: a page holds 29 lines\n"},
+     "T:3:1: error: 1 + 28 + 1 = 30 lines (header, body, footer): a half-letter page holds "
+     "29\n"},
+    {"half-letter paper takes no number", "...MEDIACARTA=33\na\n{CUERPO=28}\n{A}\n{FINCUERPO}\nb\n",
+     "T:1:4: warning: MEDIACARTA takes no number, so this has no effect: write MEDIACARTA alone, "
+     "and NMAXLINPAGINA=n in a line of its own\n"},
     {"half-letter paper that is full to its last line",
      "...MEDIACARTA\na\n{CUERPO=27}\n{A}\n{FINCUERPO}\nb\n", ""},
     {"half-letter paper whose body reaches the last line",
@@ -173,7 +178,8 @@ constexpr CheckCase kCases[] = {
      "...MEDIACARTA\n...NMAXLINPAGINA=20\n{CUERPO=0}\n{A}\n{FINCUERPO}\n", ""},
     {"a page break whose header takes its skips",
      "a\n{CUERPO=3}\n{SALTAPAGINA}{SNL,2}\n{FINCUERPO}\n",
-     "T:3:1: warning: the header of the new page takes away this line's further lines: 2 lines\n"
+     "T:3:1: warning: the page header that SALTAPAGINA prints undoes SNL: the line ends once, not "
+     "2 times\n"
      "T:3:1: note: with a top margin of lines (SetTopMarginLines) SALTAPAGINA never ends "
      "(run-time error 28)\n"},
     {"a repetition that nobody ends", "{CUERPO=1}\n{TEXTO}{REPEAT}\n{FINCUERPO}\n",
@@ -257,6 +263,29 @@ TEST(CheckKind, OfAFormMarkersAreVariables) {
             "client for it\n"
             "T:4:1: warning: '{UNINSERTOCUERPO}' is a marker of master-detail reports: a form asks "
             "the client for it\n");
+}
+
+TEST(CheckKind, OfAFormNearlyMarkersAreVariablesToo) {
+  EXPECT_EQ(findingsIn("{FIN CUERPO}\n{CUERPO= 3}\n", TemplateKind::kForm),
+            "T:1:1: warning: '{FIN CUERPO}' is nearly {FINCUERPO}, a marker of master-detail "
+            "reports: a form asks the client for it\n"
+            "T:2:1: warning: '{CUERPO= 3}' is a marker of master-detail reports: a form asks the "
+            "client for it\n");
+}
+
+TEST(CheckControls, ARecordThatTakesMoreThanAllLinesIsNotSaidToTakeAll) {
+  EXPECT_THAT(findingsIn("a\n{CUERPO=2}\n{A}\n{B}\n{SALTAPAGINA}{C}\n{FINCUERPO}\n"),
+              ::testing::Not(::testing::HasSubstr("takes all lines of")));
+}
+
+TEST(CheckControls, ManyValuesOfARepeatedLineTakeNoLongerThanOthers) {
+  std::string line = "{REPEAT}";
+  for (int i = 0; i < 30'000; ++i) line += "{F" + std::to_string(i) + "}";
+  std::string findings;
+  const double seconds = tarvo::test::processorSecondsOf(
+      [&] { findings = findingsIn(line + "{F1}\n", TemplateKind::kMasterDetail); });
+  EXPECT_THAT(findings, ::testing::HasSubstr("a repeated line asks for F1 at both its places"));
+  EXPECT_LT(seconds, 8);
 }
 
 }  // namespace

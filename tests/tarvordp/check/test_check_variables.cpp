@@ -57,6 +57,21 @@ constexpr CheckCase kCases[] = {
     {"IIF with one value", "{F,IIF(\"S\",Exento)}\n",
      "T:1:4: error: IIF has 1 value, it needs two (run-time error 9 when the missing one is "
      "needed)\n"},
+    {"IIF with a parenthesis in a value", "{F,IIF(\"S\",a(b),c)}\n",
+     "T:1:4: error: IIF has 1 value, it needs two (run-time error 9 when the missing one is "
+     "needed): a ')' inside a value ends them\n"
+     "T:1:17: error: unknown attribute 'C)'\n"},
+    {"two alignments", "{F,10,QR,CENTRO}{G,10,QR,DERECHA}{H,10,qc,Izquierda,QLR}\n",
+     "T:1:10: warning: CENTRO takes the place of QR\n"
+     "T:1:43: warning: IZQUIERDA takes the place of QC\n"},
+    {"a width or an attribute without its comma",
+     "{F 30}{C.NOMBRE derecha,8}{G QR}{H;5}{I J}{K 1A}\n",
+     "T:1:1: warning: the client is asked for 'F 30', a name with a blank: is a comma missing?\n"
+     "T:1:7: warning: the client is asked for 'NOMBRE DERECHA', a name with a blank: is a comma "
+     "missing?\n"
+     "T:1:27: warning: the client is asked for 'G QR', a name with a blank: is a comma missing?\n"
+     "T:1:33: warning: the client is asked for 'H;5', a name with a semicolon: is a comma "
+     "missing?\n"},
     {"IIF with none", "{F,IIF(\"S\")}\n",
      "T:1:4: error: IIF has no value, it needs two (run-time error 9 when the missing one is "
      "needed)\n"},
@@ -156,7 +171,8 @@ constexpr CheckCase kCases[] = {
      "T:1:6: error: a pattern is made of codes like 2B or 3C, with '-' between them (run-time "
      "error 13)\n"},
     {"a value that may not be justified", "{F,30,JUSTIFICADO}\n",
-     "T:1:7: note: a single word shorter than the width cannot be justified (run-time error 6)\n"},
+     "T:1:7: note: a text that is too short even with a second blank between all its words, "
+     "such as a single word, cannot be justified (run-time error 6)\n"},
     {"a constant that cannot be justified", "{@Total,30,QJ}\n",
      "T:1:1: error: this constant cannot be justified to its width (run-time error 6)\n"},
     {"a constant that can", "{@Son en total los montos,26,QJ}\n", ""},

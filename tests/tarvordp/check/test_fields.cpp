@@ -1,6 +1,7 @@
 // The tables of what a client must answer.
 #include "check_test.h"
 #include "equipment/golden.h"
+#include "equipment/processor_time.h"
 #include "tarvordp/check/fields.h"
 
 namespace tarvordp::test {
@@ -52,6 +53,18 @@ TEST(Fields, ThatCannotBeReadAreLeftOut) {
             "sheet\n"
             "  RECORD  FIELD  WIDTH  DECIMALS  LINES  HINTS\n"
             "  -       A      -      -         1\n");
+}
+
+TEST(Fields, ManyTakeNoLongerThanOthers) {
+  std::string text;
+  for (int i = 0; i < 60'000; ++i) text += "{F" + std::to_string(i) + "}\n";
+  std::size_t fields = 0;
+  const double seconds = tarvo::test::processorSecondsOf([&] {
+    Findings findings;
+    fields = fieldsOf(text, findings).sections.at(0).fields.size();
+  });
+  EXPECT_EQ(fields, 60'000U);
+  EXPECT_LT(seconds, 6);
 }
 
 }  // namespace

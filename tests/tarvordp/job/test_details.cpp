@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include <filesystem>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -34,6 +36,9 @@ class DetailsTest : public testing::Test {
     }
     return std::to_string(count) + " records of " + amountText(sum);
   }
+
+  static constexpr const char* kChanged =
+      "d.csv: somebody changed the file while it was read: print again";
 
   tarvo::test::TemporaryFolder folder_;
   JsonValue where_ = readJsonText("\"d.csv\"", "j");
@@ -82,8 +87,69 @@ TEST_F(DetailsTest, AWrongRecordIsToldAtOnceWhereverItStands) {
 TEST_F(DetailsTest, DataThatBecomeWrongAreToldWhenTheyAreRead) {
   Details details(csv(2000), {});
   csv(1500, "x\n");
-  EXPECT_THAT(mistakeOf([&] { walk(details); }),
-              testing::EndsWith("d.csv: line 1502: N: \"x\" is no number"));
+  EXPECT_THAT(mistakeOf([&] { walk(details); }), testing::EndsWith(kChanged));
+}
+
+TEST_F(DetailsTest, AFileThatChangesDuringAWalkIsToldWhateverIsReadOfIt) {
+  const auto changeTo = [&](int count, const std::string& last) {
+    Details details(csv(2000), {});
+    EXPECT_TRUE(details.first());
+    csv(count, last);
+    return mistakeOf([&] {
+      while (details.next()) {
+      }
+    });
+  };
+  EXPECT_THAT(changeTo(100, ""), testing::EndsWith(kChanged)) << "shorter";
+  EXPECT_THAT(changeTo(2100, ""), testing::EndsWith(kChanged)) << "longer";
+  EXPECT_THAT(changeTo(1999, "7777\n"), testing::EndsWith(kChanged)) << "another amount";
+}
+
+TEST_F(DetailsTest, AFileThatIsRemovedDuringAWalkIsTold) {
+  Details details(csv(2000), {});
+  std::filesystem::remove(folder_.path() / "d.csv");
+  EXPECT_THAT(mistakeOf([&] { walk(details); }), testing::EndsWith(kChanged));
+}
+
+TEST_F(DetailsTest, FewRecordsAreReadOnceAndMayChangeThen) {
+  Details details(csv(10), {});
+  csv(3);
+  EXPECT_EQ(walk(details), "10 records of 55");
+}
+
+// Finds fewer records, or more, each time.
+class Unsteady final : public RecordSource {
+ public:
+  Unsteady(int count, int change) : count_(count - change), change_(change) {}
+  void restart() override {
+    count_ += change_;
+    given_ = 0;
+  }
+  bool next(Record&) override { return given_ < count_ && ++given_ > 0; }
+  [[noreturn]] void mistake(const std::string& whatIsWrong) const override {
+    throw Mistake(whatIsWrong);
+  }
+
+ private:
+  int count_;
+  int change_;
+  int given_ = 0;
+};
+
+TEST(UnsteadyRecords, AreToldAndNeverTakenForTheWholeReport) {
+  const auto walked = [](int change) {
+    Details details(std::make_unique<Unsteady>(2000, change), {});
+    return mistakeOf([&] {
+      for (bool isThere = details.first(); isThere; isThere = details.next()) {
+      }
+    });
+  };
+  EXPECT_EQ(walked(-1),
+            "there were 2000 records when they were read first, and there are fewer now");
+  EXPECT_EQ(walked(-2000),
+            "there were 2000 records when they were read first, and there are fewer now");
+  EXPECT_EQ(walked(1), "there were 2000 records when they were read first, and there are more now");
+  EXPECT_EQ(walked(0), "no mistake");
 }
 
 TEST_F(DetailsTest, TheSubtotalNeedsNumbers) {

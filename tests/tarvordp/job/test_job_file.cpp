@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include <filesystem>
 #include <functional>
 #include <string>
 
@@ -175,6 +176,13 @@ TEST(JobProfile, MayStandInTheJobItself) {
               testing::HasSubstr("/profile"));
 }
 
+TEST(JobProfile, ThatIsNowhereOrWrongIsToldWithItsPlaceInTheJob) {
+  EXPECT_THAT(mistakeOf([] { profileOf(read(form(R"(, "profile": "nope")"))); }),
+              testing::HasSubstr("/profile: \"nope\" is neither a file nor a shipped"));
+  EXPECT_THAT(mistakeOf([] { profileOf(read(form(R"(, "profile": ".")"))); }),
+              testing::HasSubstr("/profile: "));
+}
+
 TEST(JobProfile, MayBeAShippedOneOrAFileBesideTheJob) {
   EXPECT_EQ(profileOf(read(form(R"(, "profile": "epson-9pin")"))).code(ControlCode::bold),
             u"\u001bE");
@@ -229,6 +237,31 @@ TEST_F(JobDataTest, DetailsComeFromTheJobFromCsvAndFromAQuery) {
     ASSERT_TRUE(data.details->first()) << details;
     EXPECT_NE(data.details->present()->find(u"A"), nullptr) << details;
     EXPECT_EQ(data.details->count(), 1) << details;
+  }
+}
+
+// How often the program has the file open.
+int timesOpen(const std::filesystem::path& file) {
+  int times = 0;
+  for (const auto& entry : std::filesystem::directory_iterator("/proc/self/fd")) {
+    std::error_code gone;  // the folder's own is
+    if (std::filesystem::read_symlink(entry.path(), gone) == file) ++times;
+  }
+  return times;
+}
+
+TEST_F(JobDataTest, ADatabaseIsOpenedOnceHoweverItsPathIsWritten) {
+  const auto file = std::filesystem::canonical(folder_.path()) / "d.db";
+  test::runSql(file.string(), "CREATE TABLE t(a); INSERT INTO t VALUES(7)");
+  std::filesystem::create_symlink("d.db", folder_.path() / "link.db");
+  for (const char* path : {"d.db", "./d.db", "link.db"}) {
+    job_ = read(masterDetail(R"(, "recordQuery": {"sqlite": "d.db", "query": "SELECT a FROM t"},
+        "details": {"query": "SELECT a FROM t", "sqlite": ")" +
+                             std::string(path) + "\"}"),
+                (folder_.path() / "j.json").string());
+    int times = 0;
+    openData(job_, [&](std::int64_t) { times = timesOpen(file); });
+    EXPECT_EQ(times, 1) << path;
   }
 }
 

@@ -232,5 +232,19 @@ TEST_F(QueryTest, ALockedDatabaseIsWaitedForAndThenTold) {
   sqlite3_close(writer);
 }
 
+TEST_F(QueryTest, AnEmptyTextIsAValueOfAnEnumerationAndOfATextAlone) {
+  EXPECT_EQ(recordsOf("SELECT '' AS 'E:enum', '' AS 'T:text', '' AS 'N:number', '' AS 'D:date'"),
+            Records{"enum  | text  | none | none"});
+}
+
+TEST_F(QueryTest, StaysAtItsEnd) {
+  write("SELECT code FROM t");
+  const auto source = records();
+  EXPECT_EQ(test::recordsOf(*source).size(), 2U);
+  Record record;
+  EXPECT_FALSE(source->next(record)) << "the database would begin anew";
+  EXPECT_EQ(test::recordsOf(*source).size(), 2U);
+}
+
 }  // namespace
 }  // namespace tarvordp

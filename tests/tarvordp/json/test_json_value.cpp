@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "equipment/processor_time.h"
 #include "tarvordp/json/excerpt.h"
 #include "tarvordp/mistake.h"
 
@@ -95,8 +96,9 @@ TEST(JsonValue, MistakesNameFilePlaceAndReason) {
               testing::AllOf(StartsWith("a.json: this is not JSON: "), HasSubstr("line 2")));
   EXPECT_EQ(mistakeIn(R"({"a": 1, "a": 2})"), R"(a.json: the document: the key "a" stands twice)");
   EXPECT_EQ(mistakeIn(""), "a.json: is empty");
+  EXPECT_EQ(mistakeIn(std::string("{}\0{", 4)), "a.json: holds a byte 00");
   EXPECT_THAT(mistakeIn(std::string(101, '[')), HasSubstr("too many levels of nesting"));
-  EXPECT_THAT(mistakeIn("{\"a\": \"\xff\"}"), HasSubstr("this is not JSON"));
+  EXPECT_THAT(mistakeIn("{\"a\": \"\xff\"}"), HasSubstr("this is not UTF-8"));
 }
 
 TEST(JsonValue, AFileThatCannotBeReadSaysWhy) {
@@ -130,6 +132,23 @@ TEST(KnownKeys, WhatNobodyAskedForIsAMistake) {
   EXPECT_EQ(keys.optional("c"), nullptr);
   keys.nothingElse();
   EXPECT_EQ(mistakeOf([&] { keys.required("d"); }), R"(j: the document: the key "d" is missing)");
+}
+
+TEST(JsonValue, ManyKeysTakeNoLongerThanOthers) {
+  std::string text = "{";
+  for (int i = 0; i < 80'000; ++i) text += "\"k" + std::to_string(i) + "\":0,";
+  text += "\"z\":0}";
+  std::size_t members = 0;
+  const double seconds =
+      tarvo::test::processorSecondsOf([&] { members = readJsonText(text, "j").members().size(); });
+  EXPECT_EQ(members, 80'001U);
+  EXPECT_LT(seconds, 4);
+}
+
+TEST(JsonValue, AnInnerObjectMayHaveItsParentsKeys) {
+  const JsonValue value = readJsonText(R"({"a": {"a": 1}, "b": [{"a": 2}, {"a": 3}]})", "j");
+  EXPECT_EQ(value.members().size(), 2U);
+  EXPECT_THROW(readJsonText(R"({"a": {"b": 1}, "c": 1, "a": 2})", "j"), Mistake);
 }
 
 }  // namespace

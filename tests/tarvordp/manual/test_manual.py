@@ -88,6 +88,26 @@ class Manual(unittest.TestCase):
                             ("profiles", "[NAME] [options]")):
             self.assertIn(f"Usage: tarvordp {name} {usage}\n", self.help_of(name))
 
+    def test_the_help_tells_what_would_be_a_surprise(self):
+        for words, told in (
+                ((), "0 done; check: no errors were found"),
+                (("print",), "as which it is printed: number and date formats do not apply to it. "
+                             "Queries keep the job's parameters."),
+                (("print",), "want some printer's name all the same"),
+                (("view",), "the template's NMAXLINPAGINA, or 29 if it has none"),
+                (("fields",), "decimals count only where the client answers with a number."),
+                (("profiles",), "CanPrintInTextMode is false"),
+                (("profiles",), "Exit status: 0 shown")):
+            with self.subTest(told):
+                self.assertIn(told, " ".join(self.help_of(*words).split()))
+        self.assertNotIn("FACTURA.NUMERO", self.help_of("print"))
+        manual = " ".join(self.manual().split())
+        for told in (r"\fBcheck\fR: no errors were found",
+                     "number and date formats do not apply to it", "want some printer's name",
+                     r"the \fBNMAXLINPAGINA\fR of the template, or 29"):
+            with self.subTest(told):
+                self.assertIn(told, manual)
+
     def test_the_version_is_one_line(self):
         said = subprocess.run([self.program, "--version"], capture_output=True, text=True,
                               timeout=60, check=True).stdout

@@ -38,7 +38,9 @@ says 'the title' 'Factura Nº 1' "$(cat "$jobs/job-1.title")"
 # A queue that nobody has.
 "$tarvordp" print invoice.json --printer NOPE >out 2>messages
 says 'the status of an unknown queue' 1 $?
-says 'what is told of it' 'No se reconoce el nombre de la impresora: NOPE' "$(cat messages)"
+says 'what is told of it' 'No se reconoce el nombre de la impresora: NOPE
+tarvordp: the system has no printer "NOPE": "lpstat -e" lists those it has; file:PATH prints into a file' \
+  "$(cat messages)"
 says 'the standard output' '' "$(cat out)"
 
 # A job that cannot be completed is not submitted.

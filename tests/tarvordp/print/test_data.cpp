@@ -103,8 +103,10 @@ TEST_F(DataTest, DataThatBecomeWrongWhileTheyArePrintedAreARunTimeError) {
     std::string path;
     int_type underflow() override {
       std::ofstream(path, std::ios::trunc) << "N:number\n1\nx\n";
-      return traits_type::eof();
+      setg(&enter, &enter, &enter + 1);
+      return traits_type::to_int_type(enter);
     }
+    char enter = '\n';
   } shortener;
   shortener.path = pathOf("d.csv");
   inIsTerminal_ = true;
@@ -114,7 +116,8 @@ TEST_F(DataTest, DataThatBecomeWrongWhileTheyArePrintedAreARunTimeError) {
   std::cin.clear();
   EXPECT_EQ(outcome.status, kRunTimeError);
   EXPECT_THAT(outcome.err, HasSubstr("tarvordp: run-time error 57: j.json: /details/csv: d.csv: "
-                                     "line 3: N: \"x\" is no number\n   en "));
+                                     "somebody changed the file while it was read: print "
+                                     "again\n   en "));
   EXPECT_FALSE(has("out.prn"));
 }
 

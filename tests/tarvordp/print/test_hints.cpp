@@ -4,7 +4,6 @@
 namespace tarvordp {
 namespace {
 
-using testing::EndsWith;
 using testing::HasSubstr;
 
 class HintsTest : public test::PrintTest {
@@ -19,7 +18,8 @@ class HintsTest : public test::PrintTest {
   }
 };
 
-constexpr const char* kNowhere = "tarvordp: hint: nothing answered these names of the template: ";
+constexpr const char* kNowhere =
+    "tarvordp: hint: these names of the template were not answered, at least once: ";
 
 TEST_F(HintsTest, NamesThatAreNowhereAreToldOnce) {
   EXPECT_EQ(hintsFor("{CLIENTE.NOMBRE} {Cliente.Nombre} {TOTAL}\n{CUERPO=2}\n"
@@ -75,6 +75,67 @@ TEST_F(HintsTest, ACsvFileWithAnotherSeparatorIsTold) {
   EXPECT_EQ(hintsFor(lines, details), "") << "more than one column";
 }
 
+TEST_F(HintsTest, ASubtotalNameThatNoRecordHasIsTold) {
+  const std::string lines = "{CUERPO=1}\n{N}\n{FINCUERPO}\n";
+  EXPECT_EQ(
+      hintsFor(lines, R"(, "subtotal": "Nope", "details": [{"N": 1}, {"N": 2}])"),
+      "tarvordp: hint: no record has the name \"Nope\" of the job's \"subtotal\": nothing was "
+      "added up\n");
+  EXPECT_EQ(
+      hintsFor(lines, R"(, "subtotal": "Monto", "details": [{"N": 1}, {"N": 1, "MONTO": 2}])"), "");
+  EXPECT_EQ(hintsFor(lines, R"(, "details": [{"N": 1}])"), "");
+}
+
+TEST_F(HintsTest, WhereNothingWasPrintedThereIsNone) {
+  writeForm(R"(, "sheets": "first")");
+  write("UNO.ID", "{A} {B}\n");
+  EXPECT_EQ(print({"--printer", "file:/nowhere/x", "--set", "C=1"}).err,
+            "No se reconoce el nombre de la impresora: file:/nowhere/x\n"
+            "tarvordp: file:/nowhere/x: cannot be written: No such file or directory\n");
+}
+
+TEST_F(HintsTest, AfterARunTimeErrorTheTemplateAndItsLastNameAreTold) {
+  writeMasterDetail("{A} {B}\n{CUERPO=1}\n{N}\n{FINCUERPO}\n",
+                    R"(, "record": {"A": "a", "B": {"enum": "X"}})");
+  const test::Outcome outcome = print();
+  EXPECT_EQ(outcome.status, kRunTimeError);
+  EXPECT_THAT(outcome.err,
+              HasSubstr("\ntarvordp: hint: it happened while T.ID was printed, which asked for B "
+                        "last; \"tarvordp check --kind master-detail T.ID\" may tell why\n"));
+}
+
+TEST_F(HintsTest, OfAFormTheSheetThatWasPrintedIsTold) {
+  writeForm();
+  write("DOS.ID", "dos {A[x]}\n");
+  EXPECT_THAT(print({"--yes"}).err,
+              HasSubstr("hint: it happened while DOS.ID was printed, before it asked for a value; "
+                        "\"tarvordp check --kind form DOS.ID\" may tell why\n"));
+}
+
+TEST_F(HintsTest, AReportThatTheDataOrAPersonEndedBlamesNoTemplate) {
+  writeMasterDetail("{A}\n{CUERPO=1}\n{N}\n{FINCUERPO}\n",
+                    R"(, "copies": 2, "details": [{"N": "a"}], "answers": {"pause": false})");
+  const test::Outcome outcome = print();
+  EXPECT_EQ(outcome.status, kNotPrinted);
+  EXPECT_THAT(outcome.err, HasSubstr("the report was given up at a pause\n"));
+  EXPECT_THAT(outcome.err, testing::Not(HasSubstr("hint: it happened")));
+}
+
+TEST_F(HintsTest, ATemplateNamedWithItsEndingIsTold) {
+  writeMasterDetail("x\n{CUERPO=1}\n{FINCUERPO}\n");
+  constexpr const char* kHint =
+      "tarvordp: hint: the job names a template without \".ID\" at its end\n";
+  EXPECT_THAT(print().err, testing::Not(HasSubstr(kHint)));
+  std::string job = contentOf("j.json");
+  write("j.json", job.replace(job.find("\"T\""), 3, "\"T.id\""));
+  const test::Outcome outcome = print();
+  EXPECT_EQ(outcome.status, kNotPrinted);
+  EXPECT_THAT(outcome.err, HasSubstr(kHint));
+  std::filesystem::rename(pathOf("T.ID"), pathOf("U.ID"));
+  write("j.json", job.replace(job.find("\"T.id\""), 6, "\"T\""));
+  EXPECT_THAT(print().err, testing::Not(HasSubstr(kHint))) << "missing for another reason";
+}
+
 TEST_F(HintsTest, ASeparatorThatMakesTheRowsWrongIsToldWithTheMistake) {
   writeMasterDetail("{CUERPO=1}\n{R.CODIGO}\n{FINCUERPO}\n", R"(, "details": {"csv": "d.csv"})");
   for (const char* content :
@@ -82,8 +143,9 @@ TEST_F(HintsTest, ASeparatorThatMakesTheRowsWrongIsToldWithTheMistake) {
     write("d.csv", content);
     const test::Outcome outcome = print();
     EXPECT_EQ(outcome.status, kWrongInput) << content;
-    EXPECT_THAT(outcome.err,
-                EndsWith(": d.csv seems to be separated by \";\", and a CSV file by \",\"\n"));
+    EXPECT_EQ(outcome.err,
+              "tarvordp: j.json: /details/csv: d.csv: line 1: columns are separated by commas, and "
+              "those of this file seem to be by \";\"\n");
     EXPECT_FALSE(has("out.prn"));
   }
 }

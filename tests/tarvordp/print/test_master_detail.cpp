@@ -101,10 +101,14 @@ TEST_F(MasterDetailTest, AMissingTemplateIsTold) {
 
 TEST_F(MasterDetailTest, AnUnknownPrinterIsTold) {
   writeMasterDetail("x\n{CUERPO=1}\n{FINCUERPO}\n");
-  for (const std::string printer : {"file:/nowhere/x", "file:", "file:/tmp"}) {
+  for (const auto& [printer, why] : std::initializer_list<std::pair<std::string, std::string>>{
+           {"file:/nowhere/x", "No such file or directory"},
+           {"file:", "No such file or directory"},
+           {"file:/tmp", "Is a directory"}}) {
     const test::Outcome outcome = print({"--printer", printer});
     EXPECT_EQ(outcome.status, kNotPrinted) << printer;
-    EXPECT_EQ(outcome.err, "No se reconoce el nombre de la impresora: " + printer + "\n");
+    EXPECT_EQ(outcome.err, "No se reconoce el nombre de la impresora: " + printer +
+                               "\ntarvordp: " + printer + ": cannot be written: " + why + "\n");
   }
 }
 
@@ -154,6 +158,8 @@ TEST_F(MasterDetailTest, ARunTimeErrorIsShownWithItsNumberDescriptionAndTrail) {
             "   en clsObRepMasterDetail.sWriteReport (Lib. Impresión Texto - Ob Rep)\n"
             "   en clsObRepMasterDetail.sWriteNCopiesOfReport (Lib. Impresión Texto - Ob Rep)\n"
             "   en clsObRepMasterDetail.sPrintReport (Lib. Impresión Texto - Ob Rep)\n"
+            "tarvordp: hint: it happened while T.ID was printed, before it asked for a value; "
+            "\"tarvordp check --kind master-detail T.ID\" may tell why\n"
             "tarvordp: out.prn was not whole and was removed\n");
   EXPECT_FALSE(has("out.prn"));
 }

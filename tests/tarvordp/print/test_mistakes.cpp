@@ -31,6 +31,19 @@ TEST_F(MistakesTest, OfTheJobNameItsFileAndPlace) {
   EXPECT_EQ(mistakeOf(), "tarvordp: j.json: cannot be read: No such file or directory\n");
 }
 
+TEST_F(MistakesTest, ATemplateIsNoJob) {
+  write("factura.id", "x {A}\n");
+  std::ostringstream out;
+  std::ostringstream err;
+  Console console{out, err};
+  const std::string path = pathOf("factura.id");
+  const char* arguments[] = {"tarvordp", "print", path.c_str()};
+  EXPECT_EQ(run(3, arguments, console), kWrongInput);
+  EXPECT_EQ(withoutFolder(err.str()),
+            "tarvordp: factura.id: this is no job file, and is named like a template: print takes "
+            "a job file (JSON) that names the template\n");
+}
+
 TEST_F(MistakesTest, OfTheDataNameTheJobsPlaceAndTheDatas) {
   write("d.csv", "A,B\n1\n");
   writeMasterDetail("", R"(, "details": {"csv": "d.csv"})");

@@ -2,8 +2,10 @@
 #include <signal.h>
 
 #include <algorithm>
+#include <filesystem>
 #include <utility>
 
+#include "equipment/without_privileges.h"
 #include "print_testing.h"
 #include "tarvordp/print/output_spooler.h"
 #include "tarvordp/print/print_job.h"
@@ -12,6 +14,7 @@ namespace tarvordp {
 namespace {
 
 using testing::HasSubstr;
+using testing::Not;
 using testing::StartsWith;
 
 class OutputTest : public test::PrintTest {
@@ -176,6 +179,32 @@ TEST_F(OutputTest, AFileBehindALinkIsOnlySaidToBeIncomplete) {
   const test::Outcome outcome = print({"--printer", "file:" + pathOf("link")});
   EXPECT_THAT(outcome.err, HasSubstr("\ntarvordp: link is not whole\n"));
   EXPECT_TRUE(has("link"));
+}
+
+TEST_F(OutputTest, SomebodysPdfThatCouldNotBeOpenedStays) {
+  namespace fs = std::filesystem;
+  writeForm(R"(, "output": "draft")");
+  write("keep.pdf", "somebody's");
+  fs::permissions(folder_.path(), fs::perms::all);
+  fs::permissions(pathOf("keep.pdf"), fs::perms::owner_read);
+  const tarvo::test::WithoutPrivileges nobody;
+  if (!nobody.areThey()) GTEST_SKIP() << "needs another user than the administrator";
+  const test::Outcome outcome = print({"--save", pathOf("keep.pdf")});
+  EXPECT_EQ(outcome.status, kRunTimeError);
+  EXPECT_THAT(outcome.err, StartsWith("tarvordp: run-time error 70: Permission denied"));
+  EXPECT_THAT(outcome.err, Not(HasSubstr("removed")));
+  EXPECT_TRUE(has("keep.pdf"));
+}
+
+TEST_F(OutputTest, ControlCharactersOfAJobDoNotReachTheTerminal) {
+  write("j.json", R"({"report": "master-detail", "title": "Factura", "directory": ".",
+      "template": "NO\u001b[31m\u009b\u0007PE", "profile": {"CanPrintInTextMode": true,
+      "MaxLinPage": 60, "PrinterName": "file:)" +
+                      pathOf("out.prn") + "\"}}");
+  const test::Outcome outcome = print({"--trace", pathOf("t.jsonl")});
+  EXPECT_THAT(outcome.err, HasSubstr("NO\\x1B[31m\\x9B\\x07PE"));
+  EXPECT_THAT(contentOf("t.jsonl"), HasSubstr(R"(NO\u001b[31m)"))
+      << "the trace has the text itself";
 }
 
 }  // namespace

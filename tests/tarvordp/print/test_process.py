@@ -3,15 +3,19 @@
 
     test_process.py TARVORDP
 """
+import fcntl
 import json
 import os
 import pathlib
 import pty
+import resource
 import select
 import signal
+import struct
 import subprocess
 import sys
 import tempfile
+import termios
 import time
 import unittest
 
@@ -127,7 +131,9 @@ class Process(unittest.TestCase):
             with self.subTest(server):
                 self.assertEqual((result.returncode, result.stdout), (1, b""))
                 self.assertEqual(result.stderr.decode(),
-                                 "No se reconoce el nombre de la impresora: NOPE\n")
+                                 "No se reconoce el nombre de la impresora: NOPE\n"
+                                 'tarvordp: printer "NOPE": the print server cannot be reached; '
+                                 "file:PATH prints into a file\n")
 
     # --- Jobs that are none
 
@@ -187,7 +193,7 @@ class Process(unittest.TestCase):
 
     def test_control_c_at_a_pause_ends_the_report_and_leaves_no_half_file(self):
         self.write_job(copies=2)
-        status, shown = self.at_terminal("print", "j.json", until=b"press Enter to go on. ",
+        status, shown = self.at_terminal("print", "j.json", until=b"Ctrl-C to give up. ",
                                          then=b"\x03")
         self.assertEqual(status, 3)
         self.assertIn("tarvordp: interrupted\r\ntarvordp: out.prn was not whole and was removed",
@@ -196,7 +202,7 @@ class Process(unittest.TestCase):
 
     def test_control_c_at_the_pause_at_the_end_is_no_success(self):
         self.write_form(sheets="first")
-        status, shown = self.at_terminal("print", "j.json", until=b"press Enter to go on. ",
+        status, shown = self.at_terminal("print", "j.json", until=b"Ctrl-C to give up. ",
                                          then=b"\x03")
         self.assertEqual(status, 3)
         self.assertIn("tarvordp: interrupted\r\n", shown)
@@ -212,11 +218,130 @@ class Process(unittest.TestCase):
 
     def test_enter_at_a_pause_goes_on(self):
         self.write_job(copies=2)
-        status, shown = self.at_terminal("print", "j.json", until=b"press Enter to go on. ",
+        status, shown = self.at_terminal("print", "j.json", until=b"Ctrl-C to give up. ",
                                          then=b"\r")
         self.assertEqual(status, 0, shown)
         self.assertIn("printed 2 pages, 2 records, 14 bytes to file:out.prn\r\n", shown)
         self.assertEqual((self.folder / "out.prn").read_bytes(), REPORT + REPORT)
+
+    # --- Signals, and what a closed pipe and a limit would end the program by
+
+    def held(self, *words, before=None):
+        """Prints to a pipe that is full by now; gives the process and the pipe's other end."""
+        if not isinstance(self.job.get("details"), dict):
+            self.write_job(details=[{"N": "x" * 60}] * 4000)
+        os.mkfifo(self.folder / "slow")
+        process = subprocess.Popen(  # pylint: disable=consider-using-with
+            [self.program, "print", "j.json", "--printer", "file:slow", *words], cwd=self.folder,
+            stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.PIPE,
+            preexec_fn=before)
+        self.addCleanup(process.communicate)
+        self.addCleanup(process.kill)
+        pipe = os.open(self.folder / "slow", os.O_RDONLY)
+        self.addCleanup(os.close, pipe)
+        for _ in range(1000):
+            if waiting(pipe) >= 60000:
+                break
+            time.sleep(0.02)
+        time.sleep(0.1)
+        self.assertGreaterEqual(waiting(pipe), 60000)
+        self.assertIsNone(process.poll())
+        return process, pipe
+
+    def test_signals_that_were_ignored_stay_ignored(self):
+        def ignore():
+            for number in (signal.SIGHUP, signal.SIGINT):
+                signal.signal(number, signal.SIG_IGN)
+        process, pipe = self.held(before=ignore)
+        for number in (signal.SIGHUP, signal.SIGINT):
+            process.send_signal(number)
+        report = rest_of(pipe)
+        self.assertEqual((process.wait(60), process.stderr.read()), (0, b""))
+        self.assertEqual(report.count(b"x" * 60), 4000)
+
+    def test_a_second_signal_of_whichever_kind_ends_a_report_that_hangs(self):
+        for number, second in ((signal.SIGINT, signal.SIGINT), (signal.SIGHUP, signal.SIGTERM)):
+            with self.subTest(second):
+                process, _ = self.held()
+                process.send_signal(number)
+                time.sleep(0.3)
+                self.assertIsNone(process.poll(), "the first one is only noted")
+                process.send_signal(second)
+                self.assertEqual(process.wait(60), -second)
+                (self.folder / "slow").unlink()
+
+    def test_a_csv_file_that_changes_while_it_is_printed_is_no_report(self):
+        data = self.folder / "d.csv"
+        data.write_text("N\n" + ("x" * 60 + "\n") * 20000)
+        self.write_job(details={"csv": "d.csv"})
+        process, pipe = self.held()
+        data.write_text("N\n" + ("x" * 60 + "\n") * 12000)
+        rest_of(pipe)
+        self.assertEqual(process.wait(60), 3)
+        self.assertIn("d.csv: somebody changed the file while it was read: print again",
+                      process.stderr.read().decode())
+
+    def test_a_pipe_that_nobody_reads_is_told(self):
+        process, pipe = self.held()
+        with open(os.devnull, "rb") as nothing:
+            os.dup2(nothing.fileno(), pipe)  # which closes the pipe
+        self.assertEqual(process.wait(60), 3)
+        self.assertIn("did not arrive whole: Broken pipe", process.stderr.read().decode())
+
+    def test_a_trace_into_a_closed_pipe_is_told_and_the_report_is_whole(self):
+        there, here = os.pipe()
+        os.close(there)
+        result = subprocess.run([self.program, "print", "j.json", "--trace", "-"],
+                                cwd=self.folder, stdout=here, stderr=subprocess.PIPE, timeout=60,
+                                check=False)
+        os.close(here)
+        self.assertEqual(result.returncode, 3)
+        self.assertIn("the trace is not whole", result.stderr.decode())
+        self.assertEqual((self.folder / "out.prn").read_bytes(), REPORT)
+
+    def test_a_file_that_grows_beyond_the_limit_is_removed(self):
+        self.write_job(details=[{"N": "x" * 60}] * 4000)
+        result = subprocess.run(
+            [self.program, "print", "j.json"], cwd=self.folder, capture_output=True, timeout=60,
+            check=False,
+            preexec_fn=lambda: resource.setrlimit(resource.RLIMIT_FSIZE, (10000, 10000)))
+        self.assertEqual(result.returncode, 3)
+        self.assertIn("tarvordp: out.prn was not whole and was removed", result.stderr.decode())
+        self.assertFalse(self.has("out.prn"))
+
+    def test_an_interrupted_drawing_leaves_no_half_file(self):
+        (self.folder / "long.prn").write_bytes((b"x" * 80 + b"\r\n") * 60 * 5000)
+        (self.folder / "v.pdf").write_bytes(b"an earlier one")
+        for option, name in (("--pdf", "v.pdf.part"), ("--png", "v-3.png")):
+            with self.subTest(option), subprocess.Popen(
+                    [self.program, "view", "long.prn", "--profile", "epson-9pin", option,
+                     "v.pdf" if option == "--pdf" else "v"],
+                    cwd=self.folder, stderr=subprocess.PIPE) as process:
+                self.addCleanup(process.kill)
+                file = self.folder / name
+                for _ in range(60000):
+                    if process.poll() is not None or file.exists() and file.stat().st_size > 0:
+                        break
+                    time.sleep(0.001)
+                process.terminate()
+                self.assertEqual(process.wait(60), 1)
+                self.assertIn("interrupted", process.stderr.read().decode().lower())
+                self.assertEqual((self.folder / "v.pdf").read_bytes(), b"an earlier one")
+                self.assertEqual(list(self.folder.glob("*.part")), [])
+                for picture in self.folder.glob("v-*.png"):
+                    self.assertTrue(picture.read_bytes().endswith(b"IEND\xaeB`\x82"), picture)
+
+
+def waiting(pipe):
+    """The bytes that can be read at once."""
+    return struct.unpack("i", fcntl.ioctl(pipe, termios.FIONREAD, b"\0" * 4))[0]
+
+
+def rest_of(pipe):
+    pieces = []
+    while piece := os.read(pipe, 65536):
+        pieces.append(piece)
+    return b"".join(pieces)
 
 
 if __name__ == "__main__":

@@ -42,14 +42,19 @@ TEST_F(TerminalTest, EveryPauseWaitsForEnter) {
   writeCopies();
   EXPECT_EQ(printAnswering("\nyes\nrest"), "rest") << "two pauses between three copies";
   EXPECT_EQ(outcome_.status, kDone);
-  EXPECT_EQ(outcome_.err, "Pause: press Enter to go on. Pause: press Enter to go on. ");
+  EXPECT_EQ(outcome_.err,
+            "Pause: press Enter to go on, Ctrl-C to give up. "
+            "Pause: press Enter to go on, Ctrl-C to give up. ");
   EXPECT_EQ(printed(), "a<0D><0A>\n<0C>a<0D><0A>\n<0C>a<0D><0A>\n<0C>");
 }
 
-TEST_F(TerminalTest, TheEndOfTheInputEndsAPause) {
+TEST_F(TerminalTest, TheEndOfTheInputAtAPauseEndsTheReport) {
   writeCopies();
-  printAnswering("");
-  EXPECT_EQ(outcome_.status, kDone);
+  printAnswering("\n");
+  EXPECT_EQ(outcome_.status, kNotPrinted);
+  EXPECT_THAT(outcome_.err, HasSubstr("tarvordp: the report was given up at a pause\n"
+                                      "tarvordp: out.prn was not whole and was removed\n"));
+  EXPECT_FALSE(has("out.prn"));
 }
 
 TEST_F(TerminalTest, YesAsksNothing) {
@@ -111,6 +116,24 @@ TEST_F(TerminalTest, APersonIsToldWhatWasPrinted) {
   EXPECT_EQ(print().err, "printed 3 pages, 3 records, 12 bytes to file:out.prn\n");
   writeForm(R"(, "output": "draft")");
   EXPECT_THAT(print({"--save", pathOf("d.pdf")}).err, EndsWith("printed 1 page\n"));
+}
+
+TEST_F(TerminalTest, APersonIsToldWhatWasPrintedWithoutTheSecondSheet) {
+  errIsTerminal_ = true;
+  writeForm();
+  printAnswering("c\n");
+  EXPECT_EQ(outcome_.status, kNotPrinted);
+  EXPECT_THAT(outcome_.err, EndsWith("tarvordp: the second sheet was left out\n"
+                                     "printed 1 page, 8 bytes to file:out.prn\n"));
+}
+
+TEST_F(TerminalTest, AScriptIsToldThatTheSecondSheetWasLeftOut) {
+  inIsTerminal_ = false;
+  writeForm(R"(, "answers": {"turnSheet": false})");
+  EXPECT_THAT(print().err, EndsWith("tarvordp: the second sheet was left out\n"));
+  EXPECT_EQ(print().status, kNotPrinted);
+  writeForm(R"(, "answers": {"turnSheet": true})");
+  EXPECT_THAT(print().err, testing::Not(HasSubstr("left out")));
 }
 
 TEST(Progress, WritesOneLineAgainAndAgainAndTakesItAway) {

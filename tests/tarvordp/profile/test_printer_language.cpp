@@ -37,5 +37,19 @@ TEST(PrinterLanguage, IsUnknownWhereTheCodesDoNotSay) {
             PrinterLanguage::unknown);  // two at once
 }
 
+TEST(PrinterLanguage, IsKnownFromACodeOfOneOfItsPrintersAlone) {
+  EXPECT_EQ(languageOf(R"({"ChrHighLine1Point": "\u001b+\u0005"})"), PrinterLanguage::epson);
+  EXPECT_EQ(languageOf(R"({"ChrHighLine1Point": "\u001bA\u0001"})"), PrinterLanguage::epson);
+}
+
+TEST(PrinterLanguage, OfCodesThatContradictEachOtherBothAreKnown) {
+  const LanguageEvidence seen = languageEvidenceIn(readProfile(readJsonText(
+      R"({"ChrReset": "\u001b@", "ChrFont12Points": "\u001b:", "ChrCondensed": "\u000f"})", "p")));
+  EXPECT_EQ(seen.language, PrinterLanguage::epson);
+  EXPECT_EQ(seen.code, ControlCode::reset);
+  EXPECT_EQ(seen.otherLanguage, PrinterLanguage::proprinter);
+  EXPECT_EQ(seen.otherCode, ControlCode::font12Points);
+}
+
 }  // namespace
 }  // namespace tarvordp

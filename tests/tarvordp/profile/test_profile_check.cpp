@@ -94,6 +94,9 @@ constexpr CheckCase kCases[] = {
     {"a lost escape", R"({"ChrBold": "E"})",
      "warning: ChrBold begins with the character E, which is printed: is \"\\u001b\" missing "
      "before it?\n"},
+    {"a blank in the place of an escape", R"({"ChrBold": " E"})",
+     "warning: ChrBold begins with the character SP, which is printed: is \"\\u001b\" missing "
+     "before it?\n"},
     {"a byte that the channel replaces", R"({"ChrGraphics": "\u001b*á"})",
      "warning: ChrGraphics has the byte E1, which leaves as A0: the channel replaces á é í ó ú ñ Ñ "
      "º in codes too.\n"},

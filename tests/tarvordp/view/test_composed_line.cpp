@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "equipment/processor_time.h"
 #include "page_dump.h"
 #include "tarvordp/view/terminal_form.h"
 #include "tarvordp/view/text_form.h"
@@ -150,6 +151,37 @@ TEST(TerminalForm, LetsNoControlByteThrough) {
   for (const char c : onTerminal(every, Profile{}, false)) {
     EXPECT_TRUE(static_cast<unsigned char>(c) >= 0x20 || c == '\n');
   }
+}
+
+TEST(ComposedLine, CodesAtOnePlaceStandInTheirOrderBeforeItsCharacter) {
+  EXPECT_EQ(textOf("a\x01\x02"
+                   "b\r \x03\x04\r\n"sv,
+                   findProfile("plain", "")),
+            "a<01 02><03 04>b\n");
+}
+
+TEST(ComposedLine, ManyCodesAtOnePlaceAndManyPassesTakeNoLongerThanOthers) {
+  Line line;
+  constexpr int kMany = 60'000;
+  const auto code = pagesOf("\x01", Profile{}).at(0).lines.at(0).runs.at(0);
+  auto letter = code;
+  letter.unknown = {};
+  letter.text = u"a";
+  const auto add = [&](int pass, auto run) {
+    run.pass = pass;
+    line.runs.push_back(std::move(run));
+  };
+  for (int i = 0; i < kMany; ++i) add(0, code);
+  for (int i = 1; i <= kMany; ++i) {
+    add(i, letter);
+    add(i, code);
+  }
+  std::vector<CellRow> rows;
+  const double seconds = tarvo::test::processorSecondsOf([&] { rows = composed(line); });
+  ASSERT_EQ(rows.size(), 1U);
+  EXPECT_EQ(rows[0].size(), 2U * kMany + 1U);
+  EXPECT_EQ(rows[0].back().character, u'a');
+  EXPECT_LT(seconds, 4);
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "equipment/processor_time.h"
 #include "page_dump.h"
 #include "tarvordp/profile/code_text.h"
 
@@ -164,6 +165,37 @@ TEST(Decoder, ACodeMayBeginWithALetterOrALineEnd) {
 TEST(Decoder, KnowsCodesAsTheChannelSendsThem) {
   const Profile profile = profileFrom(R"({"ChrBold": "\u001bá"})");
   EXPECT_EQ(eventsOf("\x1B\xA0", profile), "ChrBold");
+}
+
+TEST(EscapeSequences, AListOfTabulatorStopsIsShort) {
+  const auto extentWith = [](std::size_t stops) {
+    return extentOf(PrinterLanguage::epson,
+                    "\x1B"
+                    "D" +
+                        std::string(stops, '\x08') + std::string("\0x", 2));
+  };
+  EXPECT_EQ(extentWith(0).size, 3U);
+  EXPECT_EQ(extentWith(32).size, 2U + 32U + 1U);
+  EXPECT_TRUE(extentWith(32).endIsKnown);
+  EXPECT_EQ(extentWith(33).size, 2U);
+  EXPECT_FALSE(extentWith(33).endIsKnown);
+}
+
+TEST(EscapeSequences, ListsWithoutAnEndTakeNoLongerThanOthers) {
+  std::string bytes;
+  while (bytes.size() < 2'000'000)
+    bytes +=
+        "\x1B"
+        "B";
+  std::size_t codes = 0;
+  const double seconds = tarvo::test::processorSecondsOf([&] {
+    const Decoder decoder(findProfile("epson-9pin", ""));
+    for (std::string_view rest = bytes; !rest.empty(); ++codes) {
+      rest.remove_prefix(decoder.next(rest).bytes.size());
+    }
+  });
+  EXPECT_EQ(codes, 1'000'000U);
+  EXPECT_LT(seconds, 5) << "to the end of the file for each it is many more";
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 
 #include <cmath>
+#include <filesystem>
 #include <functional>
 #include <string>
 
@@ -192,6 +193,22 @@ TEST_F(PageFilesTest, UnknownCodesOfTheFirstLineHangOverItToo) {
   EXPECT_EQ(picture.red(kLeft + 2 * kColumn + 1, 9, kColumn - 1, 6), 0);
 }
 
+TEST_F(PageFilesTest, LabelsOfCodesAtOnePlaceStandSideBySide) {
+  const auto widthOfLabels = [&](std::string_view codes) {
+    const Picture picture = drawn("\r\n    " + std::string(codes));
+    const double left = kLeft + 4 * kColumn;
+    double width = 0;
+    for (double x = 0; x < 300; ++x) {
+      if (picture.red(left + x, 8.5, 1, 6) > 0) width = x;
+    }
+    return width;
+  };
+  const double ofOne = widthOfLabels("\x1Bv");
+  EXPECT_GT(ofOne, 10);
+  EXPECT_GT(widthOfLabels("\x1Bv\x1Bv"), 1.8 * ofOne);
+  EXPECT_GT(widthOfLabels("\x1Bv\x1Bv\x1Bv"), 2.6 * ofOne);
+}
+
 TEST_F(PageFilesTest, GraphicsAreHatchedAndTakeTheirRoom) {
   const Picture picture =
       drawn("\r\n\x1BK\x3C" + std::string(1, '\0') + std::string(60, 'x') + std::string(kBlock));
@@ -314,6 +331,21 @@ TEST_F(PageFilesTest, AnUnfinishedPdfIsTakenAway) {
     makePages("a", profile, [&](const Page& page) { pdf->add(page); });
   }
   EXPECT_FALSE(folder.has(u"p.pdf"));
+  EXPECT_FALSE(folder.has(u"p.pdf.part"));
+}
+
+TEST_F(PageFilesTest, AnEarlierPdfStaysUntilTheNewOneIsWhole) {
+  folder.write(u"p.pdf", "an earlier one");
+  std::filesystem::create_symlink("p.pdf", folder.path() / "link.pdf");
+  {
+    const auto unfinished = makePdf(path("p.pdf"), paper);
+    makePages("a", profile, [&](const Page& page) { unfinished->add(page); });
+  }
+  EXPECT_EQ(folder.contentOf(u"p.pdf"), "an earlier one");
+  draw(*makePdf(path("link.pdf"), paper), "a");
+  EXPECT_THAT(folder.contentOf(u"p.pdf"), testing::StartsWith("%PDF"));
+  EXPECT_TRUE(std::filesystem::is_symlink(folder.path() / "link.pdf"));
+  EXPECT_FALSE(folder.has(u"p.pdf.part"));
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 
 #include <algorithm>
+#include <optional>
 
 #include "frame/decimal.h"
 #include "tarvordp/check/rules.h"
@@ -24,6 +25,7 @@ class AttributeRules {
     for (const WrittenAttribute& each : variable_.attributes) {
       if (each.isKnown) checkOne(each);
     }
+    checkAlignments();
     checkPrecision();
   }
 
@@ -75,8 +77,10 @@ class AttributeRules {
     const auto* values = variable_.parsed->GetIifPossibleValues().tryGet<tarvo::ValueArray>();
     const std::size_t count = values == nullptr ? 0 : values->size();
     if (count < 2) {
-      error(attribute.at, "IIF has " + (count == 0 ? "no value" : counted(count, "value")) +
-                              ", it needs two (run-time error 9 when the missing one is needed)");
+      error(attribute.at,
+            "IIF has " + (count == 0 ? "no value" : counted(count, "value")) +
+                ", it needs two (run-time error 9 when the missing one is needed)" +
+                (written.find(u'(') == kNone ? "" : ": a ')' inside a value ends them"));
     } else if (count > 2) {
       warning(attribute.at,
               "IIF has " + counted(count, "value") + ": only the first two are ever printed");
@@ -118,6 +122,28 @@ class AttributeRules {
     if (variable_.parsed->GetLength() == 0) {
       warning(attribute.at, toUtf8(attribute.word) + " without a width repeats nothing");
     }
+  }
+
+  // The last one counts.
+  void checkAlignments() {
+    const WrittenAttribute* before = nullptr;
+    for (const WrittenAttribute& each : variable_.attributes) {
+      if (!each.isKnown || !alignmentIn(each.word)) continue;
+      if (before != nullptr && alignmentIn(before->word) != alignmentIn(each.word)) {
+        warning(each.at, toUtf8(each.word) + " takes the place of " + toUtf8(before->word));
+      }
+      before = &each;
+    }
+  }
+
+  // Its long word; none when the word is no alignment.
+  static std::optional<TextView> alignmentIn(TextView word) {
+    for (const TextView name : {u"IZQUIERDA", u"DERECHA", u"CENTRO", u"JUSTIFICADO"}) {
+      const auto each =
+          std::ranges::find(tarvo::kAttributeWords, name, &tarvo::AttributeWord::word);
+      if (word == each->word || word == each->shortWord) return each->word;
+    }
+    return {};
   }
 
   static int valueOf(TextView number) {

@@ -9,6 +9,7 @@
 #include "tarvordp/check/check_template.h"
 #include "tarvordp/check/fields.h"
 #include "tarvordp/command_line.h"
+#include "tarvordp/json/json_value.h"
 #include "tarvordp/mistake.h"
 #include "tarvordp/profile/profile.h"
 #include "tarvordp/whole_file.h"
@@ -35,7 +36,8 @@ constexpr const char* kCheckHelp =
 
 constexpr const char* kFieldsHelp =
     "One table for each section: the page header, the body, the insert body and the page footer\n"
-    "of a master-detail report, or a form's sheet. A width of \"-\" is the value's own.\n"
+    "of a master-detail report, or a form's sheet. A width of \"-\" is the value's own;\n"
+    "decimals count only where the client answers with a number.\n"
     "Control words and constants need no answer and are not shown.\n"
     "\n"
     "Exit status:\n"
@@ -54,13 +56,40 @@ struct CheckArguments {
   std::string profile;
 };
 
+// One with members: a template's line may hold two braces alone.
+bool isJsonObject(const std::string& bytes) {
+  constexpr const char* kBlanks = " \t\r\n";
+  const std::size_t first = bytes.find_first_not_of(kBlanks);
+  if (first == std::string::npos || bytes[first] != '{') return false;
+  if (bytes[bytes.find_last_not_of(kBlanks)] != '}') return false;
+  try {
+    const JsonValue value = readJsonText(bytes, "");
+    return value.is(JsonValue::Kind::object) && !value.members().empty();
+  } catch (const Mistake&) {
+    return false;
+  }
+}
+
+// What stands in for findings where there are none, for a person who waits.
+void tellNone(const std::string& name, const Findings& findings, TemplateKind kind,
+              Console& console) {
+  if (!console.errIsTerminal || !findings.isEmpty()) return;
+  console.err << "tarvordp: " << name << ": no findings, as a template of "
+              << (kind == TemplateKind::kForm ? "a form\n" : "a master-detail report\n");
+}
+
 // A template that cannot be read is told, and the others are looked at all the same.
 int forEachTemplate(const std::vector<std::string>& names, Console& console,
                     const std::function<int(const std::string&, const std::string&)>& work) {
   int status = kDone;
   for (const std::string& name : names) {
     try {
-      status = std::max(status, work(name, readWholeFile(name)));
+      const std::string bytes = readWholeFile(name);
+      if (isJsonObject(bytes)) {
+        throw Mistake(name +
+                      ": this is JSON, like a job file, and no template: give the .ID files");
+      }
+      status = std::max(status, work(name, bytes));
     } catch (const Mistake& mistake) {
       console.err << "tarvordp: " << mistake.what() << '\n';
       status = kWrongInput;
@@ -77,6 +106,7 @@ int check(const CheckArguments& arguments, Console& console) {
   const auto work = [&](const std::string& name, const std::string& bytes) {
     Findings findings = checkTemplate(bytes, kind, profile ? &*profile : nullptr);
     findings.write(console.out, name);
+    tellNone(name, findings, kind ? *kind : guessedKind(templateLines(bytes)), console);
     return findings.hasErrors() ? static_cast<int>(kNotPrinted) : kDone;
   };
   return forEachTemplate(arguments.templates, console, work);

@@ -1,4 +1,5 @@
-#include <algorithm>
+#include <set>
+#include <utility>
 
 #include "frame/decimal.h"
 #include "frame/upper_case.h"
@@ -64,22 +65,21 @@ class ControlRules {
     return variable.wasRead && !isAnsweredByLibrary(variable);
   }
 
-  static bool areOneValue(const WrittenVariable& a, const WrittenVariable& b) {
-    return a.parsed->GetFieldName() == b.parsed->GetFieldName() &&
-           tarvo::upperCase(a.parsed->GetRecordName()) ==
-               tarvo::upperCase(b.parsed->GetRecordName()) &&
-           !a.parsed->GetIsFieldOfArray() && !b.parsed->GetIsFieldOfArray();
+  // Record and field.
+  using ValueName = std::pair<Text, Text>;
+
+  static ValueName valueNameOf(const WrittenVariable& variable) {
+    return {tarvo::upperCase(variable.parsed->GetRecordName()),
+            Text(variable.parsed->GetFieldName())};
   }
 
   // Of a line that is repeated by its values, each place takes the next one.
   void tellTwice() {
-    const auto& all = line_.variables;
-    for (std::size_t i = 0; i < all.size(); ++i) {
-      if (!isValueOfClient(all[i])) continue;
-      const auto first = std::find_if(all.begin(), all.begin() + static_cast<std::ptrdiff_t>(i),
-                                      [&](const auto& each) { return areOneValue(each, all[i]); });
-      if (first == all.begin() + static_cast<std::ptrdiff_t>(i)) continue;
-      const std::string name = tarvo::toUtf8(all[i].parsed->GetFieldName());
+    std::set<ValueName> asked;
+    for (const WrittenVariable& each : line_.variables) {
+      if (!isValueOfClient(each) || each.parsed->GetIsFieldOfArray()) continue;
+      if (asked.insert(valueNameOf(each)).second) continue;
+      const std::string name = tarvo::toUtf8(each.parsed->GetFieldName());
       std::string told = "a repeated line asks for ";
       told.append(name)
           .append(
@@ -87,7 +87,7 @@ class ControlRules {
               "end (run-time error 6); a condition on it has an element number, {")
           .append(name)
           .append("[1],n,CONDICION}");
-      findings().warning(placeOf(all[i]), told);
+      findings().warning(placeOf(each), told);
       return;
     }
   }
@@ -137,11 +137,13 @@ class ControlRules {
 
   // The line's skips are those of the header that is printed before it, where there is one.
   void tellSkips(const WrittenVariable& word) {
-    const std::string lines = std::to_string(flags_.lines) + " lines";
-    const char* const what =
-        hasHeader() ? "the header of the new page takes away this line's further lines: "
-                    : "the page is broken before each of the line's ";
-    findings().warning(placeOf(word), what + lines);
+    const std::string lines = std::to_string(flags_.lines);
+    findings().warning(placeOf(word),
+                       hasHeader()
+                           ? "the page header that SALTAPAGINA prints undoes SNL: the line "
+                             "ends once, not " +
+                                 lines + " times"
+                           : "the page is broken before each of the line's " + lines + " lines");
   }
 
   // The break of the line that was measured or printed last holds for the empty lines that follow,

@@ -1,6 +1,8 @@
 #include "tarvordp/check/fields.h"
 
 #include <algorithm>
+#include <map>
+#include <tuple>
 #include <utility>
 
 #include "reports/library_variables.h"
@@ -106,16 +108,20 @@ bool isAsked(const WrittenVariable& variable) {
   return variable.wasRead && !variable.isConstant() && controlOf(variable) == Control::kNone;
 }
 
-void add(std::vector<Field>& fields, Field field) {
-  const auto same = std::find_if(fields.begin(), fields.end(), [&](const Field& each) {
-    return each.record == field.record && each.name == field.name && each.width == field.width &&
-           each.decimals == field.decimals && each.hints == field.hints;
-  });
-  if (same == fields.end()) {
+// Where each field of a section stands among them: by all that makes it another one.
+using FieldPlaces =
+    std::map<std::tuple<std::string, std::string, unsigned, unsigned, std::vector<std::string>>,
+             std::size_t>;
+
+void add(std::vector<Field>& fields, FieldPlaces& places, Field field) {
+  const auto [place, isNew] = places.try_emplace(
+      {field.record, field.name, field.width, field.decimals, field.hints}, fields.size());
+  if (isNew) {
     fields.push_back(std::move(field));
-  } else if (same->lines.back() != field.lines.front()) {
-    same->lines.push_back(field.lines.front());
+    return;
   }
+  std::vector<std::size_t>& lines = fields[place->second].lines;
+  if (lines.back() != field.lines.front()) lines.push_back(field.lines.front());
 }
 
 Field fieldOf(const WrittenLine& line, const WrittenVariable& variable, TemplateKind kind) {
@@ -190,12 +196,16 @@ TemplateFields fieldsOf(std::string_view bytes, Findings& findings) {
   const std::vector<Text> lines = templateLines(bytes);
   const Template read = readTemplate(lines, guessedKind(lines), services, findings);
   TemplateFields result{read.kind, {}};
+  FieldPlaces places;  // of the last section
   for (const TemplateLine& each : read.lines) {
     for (const WrittenVariable& variable : each.line.variables) {
       if (!isAsked(variable)) continue;
       const bool isNew = result.sections.empty() || result.sections.back().section != each.section;
-      if (isNew) result.sections.push_back({each.section, {}});
-      add(result.sections.back().fields, fieldOf(each.line, variable, read.kind));
+      if (isNew) {
+        result.sections.push_back({each.section, {}});
+        places.clear();
+      }
+      add(result.sections.back().fields, places, fieldOf(each.line, variable, read.kind));
     }
   }
   return result;

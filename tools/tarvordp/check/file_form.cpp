@@ -5,6 +5,7 @@
 #include <string>
 
 #include "frame/codepage.h"
+#include "tarvordp/utf8_letter.h"
 
 namespace tarvordp {
 namespace {
@@ -15,25 +16,6 @@ constexpr std::string_view kMarkOfUtf8 = "\xEF\xBB\xBF"sv;
 constexpr std::string_view kMarksOfUtf16[] = {"\xFF\xFE"sv, "\xFE\xFF"sv};
 
 constexpr const char* kSaveOtherwise = "save it as Windows-1252 (\"ANSI\")";
-
-unsigned char byteAt(std::string_view bytes, std::size_t index) {
-  return static_cast<unsigned char>(bytes[index]);
-}
-
-// How many bytes the letter at the front takes in UTF-8; 0 when it is none.
-std::size_t sizeOfLetter(std::string_view bytes) {
-  const unsigned char first = byteAt(bytes, 0);
-  if (first < 0x80) return 1;
-  const std::size_t size = first >= 0xC2 && first <= 0xDF   ? 2
-                           : first >= 0xE0 && first <= 0xEF ? 3
-                           : first >= 0xF0 && first <= 0xF4 ? 4
-                                                            : 0;
-  if (size == 0 || size > bytes.size()) return 0;
-  const std::string_view rest = bytes.substr(1, size - 1);
-  const bool goesOn = std::ranges::all_of(
-      rest, [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) == 0x80; });
-  return goesOn ? size : 0;
-}
 
 struct Letter {
   std::size_t at;

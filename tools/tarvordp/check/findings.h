@@ -39,6 +39,7 @@ class Findings {
   // By place; those of one place as they were found.
   const std::vector<Finding>& sorted();
   bool hasErrors() const;
+  bool isEmpty() const noexcept { return found_.empty(); }
 
   // Each as "NAME:LINE:COLUMN: SEVERITY: MESSAGE".
   void write(std::ostream& out, const std::string& name);

@@ -1,8 +1,11 @@
+#include <algorithm>
+
 #include "frame/decimal.h"
 #include "frame/upper_case.h"
 #include "reports/library_variables.h"
 #include "tarvordp/check/nearest_word.h"
 #include "tarvordp/check/rules.h"
+#include "template/attribute_words.h"
 
 namespace tarvordp {
 namespace {
@@ -31,8 +34,10 @@ class NameRules {
       checkControlWord(control);
     } else if (name_.empty()) {
       if (variable_.wasRead) warning("a variable without a field name");
-    } else if (variable_.parsed->GetRecordName().empty() && !tellNearMarker()) {
-      tellNearWord();
+    } else {
+      const bool hasRecord = !variable_.parsed->GetRecordName().empty();
+      if (!hasRecord && tellNearMarker()) return;
+      if (!tellNoSeparator() && !hasRecord) tellNearWord();
     }
   }
 
@@ -54,6 +59,24 @@ class NameRules {
     }
   }
 
+  // Names may have blanks; a width or an attribute behind one is no part of the name.
+  bool tellNoSeparator() {
+    const bool hasSemicolon = name_.find(u';') != Text::npos;
+    const std::size_t blank = name_.rfind(u' ');
+    const bool hasAttribute = blank != Text::npos && isAttribute(TextView(name_).substr(blank + 1));
+    if (!hasSemicolon && !hasAttribute) return false;
+    warning("the client is asked for " + quoted(name_) + ", a name with a " +
+            (hasSemicolon ? "semicolon" : "blank") + ": is a comma missing?");
+    return true;
+  }
+
+  static bool isAttribute(TextView word) {
+    const auto isIt = [&](const tarvo::AttributeWord& each) {
+      return word == each.word || (word == each.shortWord && !word.empty());
+    };
+    return tarvo::isDecimal(word) || std::ranges::any_of(tarvo::kAttributeWords, isIt);
+  }
+
   // A master-detail report's markers count as they are written alone.
   bool tellNearMarker() {
     const Text& inside = variable_.parsed->GetReadText();
@@ -62,17 +85,23 @@ class NameRules {
     const bool isMarker =
         written == likely || (likely == u"{CUERPO=n}" && written.starts_with(u"{CUERPO="));
     if (context_.of.kind == TemplateKind::kForm) {
-      if (isMarker) tellMarkerInForm(inside);
-      return isMarker;
+      const bool isNear =
+          !likely.empty() && inside.find(u' ') != Text::npos && variable_.attributes.empty();
+      if (isMarker || isNear) tellMarkerInForm(inside, isMarker ? Text() : likely);
+      return isMarker || isNear;
     }
     if (likely.empty() || isMarker || !variable_.attributes.empty()) return isMarker;
     warning(quoted(u"{" + inside + u"}") + " is no marker, did you mean " + toUtf8(likely) + "?");
     return true;
   }
 
-  void tellMarkerInForm(const Text& inside) {
+  // `likely`: the marker that it nearly is; empty: it is one.
+  void tellMarkerInForm(const Text& inside, const Text& likely) {
     warning(quoted(u"{" + inside + u"}") +
-            " is a marker of master-detail reports: a form asks the client for it");
+            (likely.empty()
+                 ? " is a marker of master-detail reports"
+                 : " is nearly " + toUtf8(likely) + ", a marker of master-detail reports") +
+            ": a form asks the client for it");
   }
 
   void tellNearWord() {

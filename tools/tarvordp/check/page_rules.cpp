@@ -139,14 +139,17 @@ class MasterDetailRules {
     const std::size_t least = header_.least + bodyLines() + footer_.least;
     const std::size_t most = header_.most + bodyLines() + footer_.most;
     const Place place = marker_->line.place(0);
-    const std::string sum = std::to_string(header_.most) + " of the header, " +
-                            std::to_string(bodyLines()) + " of the body, " +
-                            std::to_string(footer_.most) + " of the footer";
+    const std::string sum = std::to_string(header_.most) + " + " + std::to_string(bodyLines()) +
+                            " + " + std::to_string(footer_.most) + " = " + std::to_string(most) +
+                            " lines (header, body, footer)";
+    const std::string holds =
+        constants.isHalfLetter
+            ? "a half-letter page holds " + std::to_string(room)
+            : "a page of " + counted(room + 1, "line") + " holds " + std::to_string(room);
     if (least > room) {
-      context_.findings.error(place, sum + ": " + pageHolds(room));
+      context_.findings.error(place, sum + ": " + holds);
     } else if (most > room) {
-      context_.findings.warning(place,
-                                sum + " when no condition suppresses any: " + pageHolds(room));
+      context_.findings.warning(place, sum + " when no condition suppresses any: " + holds);
     } else if (pageLength_ > 0 &&
                header_.least + bodyLines() + 1 > static_cast<std::size_t>(pageLength_)) {
       context_.findings.error(place,

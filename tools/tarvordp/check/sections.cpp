@@ -117,6 +117,10 @@ class ConstantReader {
       findings_.warning(place,
                         "NUMERODELinesPORPAGINA has no effect: NMAXLINPAGINA sets the "
                         "lines of a page");
+    } else if (constant.name == kHalfLetter) {
+      findings_.warning(place,
+                        "MEDIACARTA takes no number, so this has no effect: write MEDIACARTA "
+                        "alone, and NMAXLINPAGINA=n in a line of its own");
     } else if (tarvo::trimBlanks(name) == kPageLength) {
       findings_.error(place,
                       "NMAXLINPAGINA has no effect: '=' and its number must follow it "

@@ -120,8 +120,10 @@ class ValueRules {
     const WrittenAttribute* word = attribute(u"JUSTIFICADO");
     if (word == nullptr) word = attribute(u"QJ");
     if (word == nullptr) return;
-    findings_.note(line_.place(word->at),
-                   "a single word shorter than the width cannot be justified (run-time error 6)");
+    findings_.note(
+        line_.place(word->at),
+        "a text that is too short even with a second blank between all its words, such as "
+        "a single word, cannot be justified (run-time error 6)");
   }
 
   // As many characters as there are, for each of which an element may be used.

@@ -1,10 +1,12 @@
 #include "tarvordp/job/csv_records.h"
 
+#include <cstdint>
 #include <utility>
 
 #include "tarvordp/job/amount.h"
 #include "tarvordp/job/column.h"
 #include "tarvordp/job/csv_rows.h"
+#include "tarvordp/job/file_stamp.h"
 
 namespace tarvordp {
 namespace {
@@ -15,7 +17,8 @@ std::string counted(std::size_t count, const std::string& thing) {
 
 class CsvRecords final : public RecordSource {
  public:
-  CsvRecords(const std::string& path, const JsonValue& where) : path_(path), where_(where) {
+  CsvRecords(const std::string& path, const JsonValue& where)
+      : path_(path), where_(where), stamp_(FileStamp::settled(path)) {
     told([&] { rows_ = std::make_unique<CsvRows>(path); });
     told([&] { readNames(); });
   }
@@ -29,9 +32,10 @@ class CsvRecords final : public RecordSource {
 
   bool next(Record& record) override {
     return told([&] {
-      if (!rows_->next(row_)) return false;
-      readRow(record);
-      return true;
+      const bool isThere = rows_->next(row_);
+      if (!isThere || ++rowsRead_ % kLookEvery == 0) requireUnchanged();
+      if (isThere) readRow(record);
+      return isThere;
     });
   }
 
@@ -40,16 +44,29 @@ class CsvRecords final : public RecordSource {
   }
 
  private:
+  // Looking at a file takes longer than reading a row of it; at the end it is always done.
+  static constexpr std::uint64_t kLookEvery = 256;
+
   // What is wrong is told with the file and the line.
   template <class Action>
   auto told(Action&& action) -> decltype(action()) {
     try {
       return action();
     } catch (const CsvError& wrong) {
+      requireUnchanged();
       mistakeAt(wrong.line(), wrong.what());
     } catch (const BadValue& wrong) {
-      mistake(wrong.what());
+      requireUnchanged();
+      if (otherSeparator_.empty()) mistake(wrong.what());
+      mistakeAt(1, "columns are separated by commas, and those of this file seem to be by " +
+                       otherSeparator_);
     }
+  }
+
+  // Rows of two states of the file are no table.
+  void requireUnchanged() const {
+    if (FileStamp::of(path_) == stamp_) return;
+    where_.mistake(path_ + ": somebody changed the file while it was read: print again");
   }
 
   [[noreturn]] void mistakeAt(std::uint64_t line, const std::string& whatIsWrong) const {
@@ -59,6 +76,7 @@ class CsvRecords final : public RecordSource {
 
   void readNames() {
     if (!rows_->next(row_)) where_.mistake(path_ + ": there is no row of column names");
+    otherSeparator_ = otherSeparatorIn(row_.cells);
     auto names = std::make_shared<RecordNames>();
     for (const std::string& cell : row_.cells) {
       columns_.push_back(readColumn(cell));
@@ -76,14 +94,17 @@ class CsvRecords final : public RecordSource {
     }
   }
 
-  // Many programs write ";" or a tabulator where they should write ",".
   std::string wrongSize() const {
-    std::string wrong = "the row has " + counted(row_.cells.size(), "cell") +
-                        (columns_.size() == 1 ? ", and there is " : ", and there are ") +
-                        counted(columns_.size(), "column");
-    const bool mayBeSeparatedElse =
-        columns_.size() == 1 && columns_[0].name.find_first_of(u";\t") != tarvo::Text::npos;
-    return mayBeSeparatedElse ? wrong + ": only a comma separates columns" : wrong;
+    return "the row has " + counted(row_.cells.size(), "cell") +
+           (columns_.size() == 1 ? ", and there is " : ", and there are ") +
+           counted(columns_.size(), "column");
+  }
+
+  // Many programs write ";" or a tabulator where they should write ",".
+  static std::string otherSeparatorIn(const std::vector<std::string>& names) {
+    if (names.size() != 1) return {};
+    if (names[0].find(';') != std::string::npos) return "\";\"";
+    return names[0].find('\t') != std::string::npos ? "tabs" : "";
   }
 
   static JobValue valueOf(const std::string& cell, const Column& column) {
@@ -97,8 +118,11 @@ class CsvRecords final : public RecordSource {
 
   std::string path_;
   const JsonValue& where_;
+  const FileStamp stamp_;  // at first
   std::unique_ptr<CsvRows> rows_;
   CsvRow row_;
+  std::uint64_t rowsRead_ = 0;
+  std::string otherSeparator_;  // that the row of names seems to have; empty: none
   std::vector<Column> columns_;
   std::shared_ptr<const RecordNames> names_;
 };

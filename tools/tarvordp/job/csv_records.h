@@ -8,7 +8,8 @@
 // A row with fewer or more cells than the first one is a mistake.  An empty cell of a column that
 // says its kind is no value.
 //
-// The file is read row by row, and once more after every restart().
+// The file is read row by row, and once more after every restart(); that somebody changed it since
+// it was opened is a mistake, told at the end at the latest.
 #pragma once
 
 #include <memory>

@@ -41,7 +41,6 @@ Database::Database(const std::string& path, const JsonValue& where) : path_(path
   run(access_->preparation().c_str(), where);
   run("BEGIN", where);
   run("SELECT count(*) FROM sqlite_master", where);
-  requireUnchanged(where);
   requireWhole(where);
 }
 

@@ -1,4 +1,7 @@
-// A SQLite database that is read and never changed: no byte of it, and no file beside it.
+// A SQLite database that is read and never changed: no byte of it, and no file beside it, but for
+// two that belong to those who are at work at it.  Where it has a write-ahead log, its index (-shm)
+// says who reads; and when the last one leaves between the look at these files and the opening,
+// SQLite makes both anew, empty, and they stay.
 #pragma once
 
 #include <sqlite3.h>

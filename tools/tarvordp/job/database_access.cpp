@@ -3,13 +3,12 @@
 #include <sqlite3.h>
 
 #include <array>
-#include <chrono>
+#include <filesystem>
 #include <fstream>
 #include <memory>
 #include <new>
 #include <string_view>
 #include <system_error>
-#include <thread>
 
 namespace tarvordp {
 namespace {
@@ -17,7 +16,6 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::string_view kLogEnd = "-wal";
-constexpr auto kClockTick = std::chrono::milliseconds(20);
 
 // A path as a URI's: what has a meaning there is escaped.
 std::string escaped(std::string_view path) {
@@ -110,8 +108,8 @@ DatabaseAccess::DatabaseAccess(const std::string& path) : path_(path) {
   if (!probe.hasWriteAheadLog()) return;
   journal_ = probe.journal();
   log_ = probe.log();
-  database_ = settledStampOf(path_);
-  writeAheadLog_ = settledStampOf(log_);
+  database_ = FileStamp::settled(path_);
+  writeAheadLog_ = FileStamp::settled(log_);
   way_ = wayByFiles();
 }
 
@@ -140,31 +138,13 @@ std::string DatabaseAccess::preparation() const {
 bool DatabaseAccess::isUnchanged() const {
   switch (way_) {
     case Way::complete:
-      return stampOf(path_) == database_;
+      return FileStamp::of(path_) == database_;
     case Way::ownIndex:
-      return stampOf(path_) == database_ && stampOf(log_) == writeAheadLog_;
+      return FileStamp::of(path_) == database_ && FileStamp::of(log_) == writeAheadLog_;
     case Way::plain:
       break;
   }
   return true;
-}
-
-DatabaseAccess::Stamp DatabaseAccess::stampOf(const std::string& path) {
-  std::error_code error;
-  Stamp stamp;
-  stamp.time = fs::last_write_time(path, error);
-  if (error) return {};
-  stamp.size = fs::file_size(path, error);
-  return error ? Stamp() : stamp;
-}
-
-// A second change within the same tick of the clock would have the same time.
-DatabaseAccess::Stamp DatabaseAccess::settledStampOf(const std::string& path) {
-  const Stamp stamp = stampOf(path);
-  const auto age = fs::file_time_type::clock::now() - stamp.time;
-  if (age < -kClockTick || age > kClockTick) return stamp;
-  std::this_thread::sleep_for(2 * kClockTick);
-  return stampOf(path);
 }
 
 }  // namespace tarvordp

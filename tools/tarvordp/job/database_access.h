@@ -23,9 +23,9 @@
 #pragma once
 
 #include <cstdint>
-#include <filesystem>
-#include <optional>
 #include <string>
+
+#include "tarvordp/job/file_stamp.h"
 
 namespace tarvordp {
 
@@ -48,23 +48,14 @@ class DatabaseAccess {
  private:
   enum class Way : std::uint8_t { plain, complete, ownIndex };
 
-  // A file at one moment; all empty: there is none.
-  struct Stamp {
-    std::filesystem::file_time_type time;
-    std::uintmax_t size = 0;
-    bool operator==(const Stamp&) const = default;
-  };
-
-  static Stamp stampOf(const std::string& path);
-  static Stamp settledStampOf(const std::string& path);
   Way wayByFiles() const;
 
   std::string path_;
   std::string journal_;  // the names that SQLite gives, which follow links
   std::string log_;
   Way way_ = Way::plain;
-  Stamp database_;
-  Stamp writeAheadLog_;
+  FileStamp database_;
+  FileStamp writeAheadLog_;
 };
 
 }  // namespace tarvordp

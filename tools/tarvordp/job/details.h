@@ -30,11 +30,16 @@ class Details {
           const Listener& listener = {});
 
   // Makes the first record the present one; false: there is none, and no present one either.
-  // Raises: Mistake for data that have become wrong since they were read first.
+  // Raises: Mistake for data that have become wrong since they were read first, or that are another
+  // number of records now.
   bool first();
 
   // Makes the next record the present one; false: there is none, and the present one stays.
+  // Raises: as first().
   bool next();
+
+  // Whether there are records and none of them has the name `subtotal`.
+  bool lackSubtotal() const noexcept { return lackSubtotal_; }
 
   // Null before first().
   const Record* present() const noexcept { return present_; }
@@ -42,12 +47,16 @@ class Details {
   std::int64_t count() const noexcept { return count_; }
 
  private:
+  bool readNext();
+
   std::unique_ptr<RecordSource> source_;  // empty: all records are kept
   std::vector<Record> kept_;
   Record read_[2];  // the present record and the one that is being read
   const Record* present_ = nullptr;
   std::int64_t count_ = 0;
-  std::size_t index_ = 0;  // of the present record among the kept ones
+  bool lackSubtotal_ = false;
+  std::int64_t walked_ = 0;  // records of this walk, when they are not kept
+  std::size_t index_ = 0;    // of the present record among the kept ones
 };
 
 // The number of the value; 0 when it is none.

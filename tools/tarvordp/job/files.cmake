@@ -10,6 +10,7 @@ target_sources(tarvordp_parts PRIVATE
   ${CMAKE_CURRENT_LIST_DIR}/database.cpp
   ${CMAKE_CURRENT_LIST_DIR}/database_access.cpp
   ${CMAKE_CURRENT_LIST_DIR}/details.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/file_stamp.cpp
   ${CMAKE_CURRENT_LIST_DIR}/inline_records.cpp
   ${CMAKE_CURRENT_LIST_DIR}/job_data.cpp
   ${CMAKE_CURRENT_LIST_DIR}/job_file.cpp

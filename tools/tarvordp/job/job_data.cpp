@@ -1,6 +1,7 @@
 // Where a job's data come from.
 #include <filesystem>
 #include <map>
+#include <system_error>
 #include <utility>
 
 #include "tarvordp/job/csv_records.h"
@@ -52,10 +53,13 @@ class DataSources {
     return {databaseOf(file), sql, parameters};
   }
 
-  // All queries of one file see the same state of it.
+  // All queries of one file see the same state of it, however its path is written.
   std::shared_ptr<const Database> databaseOf(const JsonValue& written) {
-    std::shared_ptr<const Database>& database = databases_[pathOf(written)];
-    if (!database) database = std::make_shared<Database>(pathOf(written), written);
+    const std::string path = pathOf(written);
+    std::error_code error;
+    const std::string plain = std::filesystem::weakly_canonical(path, error).string();
+    std::shared_ptr<const Database>& database = databases_[error ? path : plain];
+    if (!database) database = std::make_shared<Database>(path, written);
     return database;
   }
 
@@ -64,7 +68,7 @@ class DataSources {
   }
 
   const std::string& folder_;
-  std::map<std::string, std::shared_ptr<const Database>> databases_;
+  std::map<std::string, std::shared_ptr<const Database>> databases_;  // by their plain paths
 };
 
 }  // namespace

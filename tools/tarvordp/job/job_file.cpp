@@ -6,6 +6,8 @@
 #include <string_view>
 #include <utility>
 
+#include "tarvordp/mistake.h"
+
 namespace tarvordp {
 namespace {
 
@@ -143,7 +145,11 @@ Job readJob(JsonValue document) {
 Profile profileOf(const Job& job) {
   if (job.profile == nullptr) return {};
   if (!job.profile->is(JsonValue::Kind::text)) return readProfile(*job.profile);
-  return findProfile(job.profile->text(), job.folder);
+  try {
+    return findProfile(job.profile->text(), job.folder);
+  } catch (const Mistake& wrong) {
+    job.profile->mistake(wrong.what());
+  }
 }
 
 }  // namespace tarvordp

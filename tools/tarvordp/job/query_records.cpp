@@ -85,13 +85,16 @@ class QueryRecords final : public RecordSource {
   void restart() override {
     sqlite3_reset(statement_.get());
     row_ = 0;
+    isEnded_ = false;
   }
 
   bool next(Record& record) override {
+    if (isEnded_) return false;  // the database would begin anew
     const int result = sqlite3_step(statement_.get());
     database_->requireUnchanged(query_);
     if (result != SQLITE_ROW && result != SQLITE_DONE) database_->fail(query_);
-    if (result == SQLITE_DONE) return false;
+    isEnded_ = result == SQLITE_DONE;
+    if (isEnded_) return false;
     ++row_;
     record.names = names_;
     record.values.clear();
@@ -127,6 +130,7 @@ class QueryRecords final : public RecordSource {
   std::vector<Column> columns_;
   std::shared_ptr<const RecordNames> names_;
   std::uint64_t row_ = 0;
+  bool isEnded_ = false;
 };
 
 }  // namespace

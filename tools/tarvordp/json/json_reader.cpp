@@ -1,8 +1,10 @@
 // The JSON library's events as a tree of values.
 #include <algorithm>
 #include <nlohmann/json.hpp>
+#include <unordered_set>
 
 #include "tarvordp/json/excerpt.h"
+#include "tarvordp/json/json_mistake.h"
 #include "tarvordp/json/json_value.h"
 #include "tarvordp/mistake.h"
 #include "tarvordp/whole_file.h"
@@ -31,7 +33,8 @@ std::string escaped(const std::string& name) {
 
 class JsonReader {
  public:
-  explicit JsonReader(const std::string& file) : file_(std::make_shared<std::string>(file)) {}
+  JsonReader(std::string_view text, const std::string& file)
+      : text_(text), file_(std::make_shared<std::string>(file)) {}
 
   JsonValue take() { return std::move(root_); }
 
@@ -57,28 +60,24 @@ class JsonReader {
   bool end_object() { return close(); }
   bool end_array() { return close(); }
   bool key(std::string& name) {
-    JsonValue& object = *open_.back();
-    if (object.find(name) != nullptr) object.mistake("the key \"" + name + "\" stands twice");
+    const bool isNew = names_.back().insert(name).second;
+    if (!isNew) open_.back()->mistake("the key \"" + name + "\" stands twice");
     key_ = std::move(name);
     return true;
   }
-  [[noreturn]] bool parse_error(std::size_t, const std::string& token,
+  [[noreturn]] bool parse_error(std::size_t position, const std::string& token,
                                 const nlohmann::json::exception& failure) {
     if (failure.id == kNumberOverflow) {
       add(JsonValue::Kind::number)
           .mistake(excerpt(token) + " is beyond the numbers that can be read");
     }
-    throw Mistake(*file_ + ": this is not JSON: " + plainReason(failure.what()));
+    const bool isBehindElement = !open_.empty() && open_.back()->is(JsonValue::Kind::array) &&
+                                 !open_.back()->elements_.empty();
+    throw Mistake(*file_ + ": " + describe({text_, position, failure.what(), isBehindElement}));
   }
 
  private:
   static constexpr int kNumberOverflow = 406;
-
-  // "[json.exception.parse_error.101] parse error at line 1, column 2: …" without its head.
-  static std::string plainReason(const std::string& reason) {
-    const auto head = reason.find("] ");
-    return head == std::string::npos ? reason : reason.substr(head + 2);
-  }
 
   bool number(std::string written) {
     add(JsonValue::Kind::number).text_ = std::move(written);
@@ -113,22 +112,28 @@ class JsonReader {
     JsonValue& value = add(kind);
     if (open_.size() == kDeepest) value.mistake("too many levels of nesting");
     open_.push_back(&value);
+    names_.emplace_back();
     return true;
   }
   bool close() {
     open_.pop_back();
+    names_.pop_back();
     return true;
   }
 
+  std::string_view text_;
   std::shared_ptr<const std::string> file_;
   JsonValue root_;
   std::vector<JsonValue*> open_;
+  std::vector<std::unordered_set<std::string>> names_;  // that each of them has so far
   std::string key_;
 };
 
 JsonValue readJsonText(std::string_view text, const std::string& file) {
   if (text.empty()) throw Mistake(file + ": is empty");
-  JsonReader reader(file);
+  // For the library that would be the end.
+  if (text.find('\0') != std::string_view::npos) throw Mistake(file + ": holds a byte 00");
+  JsonReader reader(text, file);
   nlohmann::json::sax_parse(text.begin(), text.end(), &reader);
   return reader.take();
 }

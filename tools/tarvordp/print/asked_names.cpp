@@ -42,7 +42,8 @@ void AskedNames::note(const tarvo::Text& name, bool isNowhere) {
 std::vector<std::string> AskedNames::hints() const {
   std::vector<std::string> hints;
   if (!unanswered_.empty()) {
-    hints.push_back("nothing answered these names of the template: " + listed(unanswered_));
+    hints.push_back("these names of the template were not answered, at least once: " +
+                    listed(unanswered_));
   }
   if (isAny_ && !unasked_.empty()) {
     hints.push_back("--set gives what no template asked for: " + listed(unasked_));

@@ -6,8 +6,14 @@
 
 namespace tarvordp {
 
-// While it lives, the first of the signals SIGINT, SIGTERM and SIGHUP is only noted; the next one
-// ends the program as usual.  One at a time.
+// While it lives, the first of the signals SIGINT, SIGTERM and SIGHUP is only noted; the next one,
+// of any of these kinds, ends the program as usual.  One that was ignored before stays ignored.
+//
+// What a closed pipe or a limit on the size of files would end the program by (SIGPIPE, SIGXFSZ) is
+// a write that fails.
+//
+// What waits for neither the operator nor the printer is not shortened: a slow query is run to its
+// next row.  One at a time; afterwards all is as it was before.
 class Interruption {
  public:
   Interruption();
@@ -15,7 +21,7 @@ class Interruption {
   Interruption& operator=(const Interruption&) = delete;
   ~Interruption();
 
-  // Whether a signal came since the last one of these was made.
+  // Whether a signal came while the present one lives.
   static bool isAskedFor() noexcept;
 };
 

@@ -59,6 +59,7 @@ class Client {
   bool answer(const char* name, Ref<clsObLineCharacts>& line, const Record* detail,
               const std::optional<Currency>& subtotal) {
     Ref<tarvo::clsObSpecialVar> variable = line->GetSpecialVar();
+    run_.lastName = nameOf(*variable);
     const bool isAnswered =
         callback([&] { return answers_.answer(variable, detail); },
                  [&](Trace::Json answer) {
@@ -75,12 +76,12 @@ class Client {
 
   void pause() {
     callback("sDisplayPauseDialog", [this] {
-      if (run_.job.pause == false) {
-        run_.wasGivenUpAtPause = true;
-        endReport(tarvo::kInvalidProcedureCall, "The report was given up at a pause");
-      }
+      if (run_.job.pause == false) giveUp();
       if (!run_.job.pause && run_.op.canBeAsked()) {
-        run_.op.waitForEnter("Pause: press Enter to go on. ");
+        const bool goesOn =
+            run_.op.waitForEnter("Pause: press Enter to go on, Ctrl-C to give up. ");
+        endIfInterrupted();
+        if (!goesOn) giveUp();
       }
       endIfInterrupted();
       return nullptr;
@@ -90,6 +91,11 @@ class Client {
   JobRun& run() noexcept { return run_; }
 
  private:
+  [[noreturn]] void giveUp() {
+    run_.wasGivenUpAtPause = true;
+    endReport(tarvo::kInvalidProcedureCall, "The report was given up at a pause");
+  }
+
   static void endIfInterrupted() {
     if (Interruption::isAskedFor()) endReport(tarvo::kDeviceError, "Interrupted");
   }

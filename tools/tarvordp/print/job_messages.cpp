@@ -5,6 +5,7 @@
 #include <string_view>
 #include <utility>
 
+#include "frame/upper_case.h"
 #include "services/location_warning.h"
 #include "tarvordp/print/interruption.h"
 
@@ -18,8 +19,10 @@ constexpr tarvo::TextView kTurnSheet = u"Voltear Planilla";
 // Titles of the messages after which nothing, or a sheet less, is printed: no text mode, no
 // template, nothing found.
 constexpr tarvo::TextView kNothingFound = u"Impresión de Informe";
-constexpr std::array<tarvo::TextView, 3> kNotPrinted{u"Proceso Cancelado", u"Archivo no encontrado",
+constexpr tarvo::TextView kNoTemplate = u"Archivo no encontrado";
+constexpr std::array<tarvo::TextView, 3> kNotPrinted{u"Proceso Cancelado", kNoTemplate,
                                                      kNothingFound};
+constexpr tarvo::TextView kEndingTwice = u".ID.ID";
 // No printer was chosen; the report's title follows.
 constexpr tarvo::TextView kNoPrinter = u"Imprimir ";
 constexpr tarvo::TextView kUnknownPrinter = u"No se reconoce el nombre de la impresora";
@@ -43,6 +46,10 @@ void JobMessages::sShowMessage(tarvo::Text& refText) {
 void JobMessages::sShowMessageWithTitle(tarvo::TextView valText, tarvo::TextView valTitle) {
   if (meansNotPrinted(valTitle)) saidThatNotPrinted_ = true;
   if (valTitle == kNothingFound) saidThatNothingFound_ = true;
+  if (valTitle == kNoTemplate &&
+      tarvo::upperCase(valText).find(kEndingTwice) != tarvo::Text::npos) {
+    saidTemplateEndingTwice_ = true;
+  }
   show("sShowMessageWithTitle", valText, valTitle);
 }
 
@@ -57,6 +64,7 @@ void JobMessages::sWarningWithTitle(tarvo::TextView valText, tarvo::TextView val
 bool JobMessages::fAskAcceptCancel(tarvo::TextView valText, tarvo::TextView valTitle) {
   const bool accepted = ask("fAskAcceptCancel", valText, valTitle);
   if (!accepted) saidThatNotPrinted_ = true;
+  if (!accepted && valTitle == kTurnSheet) leftOutSecondSheet_ = true;
   return accepted;
 }
 

@@ -40,6 +40,12 @@ class JobMessages final : public tarvo::clsMessage {
   // Whether one said that the report had nothing to print.
   bool saidThatNothingFound() const noexcept { return saidThatNothingFound_; }
 
+  // Whether one said that there is no template "X.ID.ID": the library adds the ".ID" to its name.
+  bool saidTemplateEndingTwice() const noexcept { return saidTemplateEndingTwice_; }
+
+  // Whether the question for the second sheet was answered with no.
+  bool leftOutSecondSheet() const noexcept { return leftOutSecondSheet_; }
+
  private:
   void show(const char* operation, tarvo::TextView text, tarvo::TextView title);
   bool ask(const char* operation, tarvo::TextView text, tarvo::TextView title);
@@ -52,6 +58,8 @@ class JobMessages final : public tarvo::clsMessage {
   Activity activity_;
   bool saidThatNotPrinted_ = false;
   bool saidThatNothingFound_ = false;
+  bool saidTemplateEndingTwice_ = false;
+  bool leftOutSecondSheet_ = false;
   std::string lastLine_;
   std::uint64_t lastActivity_ = 0;
   int repetitions_ = 0;

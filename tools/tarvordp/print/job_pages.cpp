@@ -7,13 +7,12 @@
 #include "frame/run_time_error.h"
 #include "graphic/saved_pages.h"
 #include "platform/file/file_spooler.h"
+#include "tarvordp/print/output_file.h"
 
 namespace tarvordp {
 namespace {
 
 namespace fs = std::filesystem;
-
-constexpr std::string_view kStandardOutput = "-";
 
 // The file in which pages that cannot be shown will be saved (graphic/saved_pages.h).
 tarvo::Text freeFileFor(tarvo::TextView title) {
@@ -43,17 +42,16 @@ template <class Send>
 void JobPages::send(const tarvo::PagedText& pages, tarvo::TextView path, Send send) {
   if (pages.rowsOnPage(0) == 0) return;  // and a file that was there stays there
   const std::string file = tarvo::toUtf8(path);
-  std::error_code ignored;
   try {
     send();
   } catch (const tarvo::RunTimeError& error) {
-    const bool isOrdinary = fs::is_regular_file(fs::symlink_status(file, ignored));
-    if (mayHaveLeftAPart(error) && isOrdinary && fs::remove(file, ignored)) {
+    if (mayHaveLeftAPart(error) && removeOrdinaryFile(file)) {
       operator_.tell("tarvordp: " + file + " was not whole and was removed");
     }
     throw;
   }
   pages_ += pages.pageCount();
+  std::error_code ignored;
   if (!file.empty() && file != kStandardOutput && fs::exists(file, ignored)) {
     operator_.tell("tarvordp: the pages are in " + file);
   }

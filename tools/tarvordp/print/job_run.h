@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 #include "tarvordp/job/job_file.h"
 #include "tarvordp/print/asked_names.h"
@@ -21,6 +22,8 @@ struct JobRun {
   OutputSpooler& output;
 
   AskedNames asked{};
+  std::string templateFile{};   // that was opened last, in UTF-8
+  tarvo::Text lastName{};       // that it asked for; empty: none so far
   std::uint64_t callbacks = 0;  // so far
   std::int64_t values = 0;      // asked for so far
   std::int64_t records = 0;     // printed so far, of all copies

@@ -3,6 +3,7 @@
 #include <poll.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <iostream>
 
 #include "tarvordp/print/interruption.h"
@@ -24,12 +25,35 @@ bool waitForLine() {
   return false;
 }
 
-std::string withPlainLineEnds(std::string_view text) {
+// How many bytes the control character at the front takes in UTF-8; 0 when it is none.
+std::size_t sizeOfControl(std::string_view text) {
+  const auto first = static_cast<unsigned char>(text[0]);
+  if (first < 0x20 || first == 0x7F) return 1;
+  constexpr unsigned char kHeadOfControls = 0xC2;
+  const bool mayBe = first == kHeadOfControls && text.size() > 1;
+  return mayBe && static_cast<unsigned char>(text[1]) < 0xA0 ? 2 : 0;
+}
+
+std::string numberOf(char control) {
+  constexpr std::string_view kDigits = "0123456789ABCDEF";
+  const auto byte = static_cast<unsigned char>(control);
+  return {'\\', 'x', kDigits[byte >> 4], kDigits[byte & 15]};
+}
+
+std::string forTerminal(std::string_view text) {
   std::string plain;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    const bool isReturn = text[i] == '\r';
-    if (isReturn && i + 1 < text.size() && text[i + 1] == '\n') continue;
-    plain += isReturn ? '\n' : text[i];
+  while (!text.empty()) {
+    if (text.starts_with("\r\n")) text.remove_prefix(1);
+    const bool isPlain = text[0] == '\n' || text[0] == '\t';
+    const std::size_t control = isPlain ? 0 : sizeOfControl(text);
+    if (text[0] == '\r') {
+      plain += '\n';
+    } else if (control > 0) {
+      plain += numberOf(text[control - 1]);
+    } else {
+      plain += text[0];
+    }
+    text.remove_prefix(std::max<std::size_t>(1, control));
   }
   return plain;
 }
@@ -50,7 +74,7 @@ Operator::Operator(Console& console, Progress& progress, bool yes)
 
 void Operator::tell(std::string_view text) {
   progress_.erase();
-  console_.err << withPlainLineEnds(text) << std::endl;
+  console_.err << forTerminal(text) << std::endl;
 }
 
 bool Operator::readAnswer(std::string_view prompt, std::string& answer) {
@@ -59,9 +83,9 @@ bool Operator::readAnswer(std::string_view prompt, std::string& answer) {
   return waitForLine() && std::getline(std::cin, answer);
 }
 
-void Operator::waitForEnter(std::string_view prompt) {
+bool Operator::waitForEnter(std::string_view prompt) {
   std::string ignored;
-  readAnswer(prompt, ignored);
+  return readAnswer(prompt, ignored);
 }
 
 bool Operator::accepts(std::string_view prompt) {

@@ -5,17 +5,34 @@
 #include <utility>
 
 #include "platform/file/file_spooler.h"
+#include "tarvordp/print/output_file.h"
 
 namespace tarvordp {
 namespace {
 
 constexpr std::int32_t kFirstPrinterStatus = 1024;
-constexpr std::string_view kStandardOutput = "-";
 
 std::string reasonOf(std::int32_t code) {
   if (code <= 0) return "the spooler did not say why";
   if (code < kFirstPrinterStatus) return std::generic_category().message(code);
   return "the print server answered with status " + std::to_string(code);
+}
+
+// The print protocol's (platform/posix/cups_spooler.h).
+constexpr std::int32_t kUnknownQueue = 1030;
+constexpr std::int32_t kServerIsAway = 1282;
+
+std::string whyNotOpened(const std::string& name, std::int32_t code) {
+  if (name.starts_with(tarvo::toUtf8(tarvo::kFilePrinterPrefix))) {
+    return name + ": cannot be written: " + reasonOf(code);
+  }
+  const std::string printer = "printer \"" + name + '"';
+  const std::string intoFile = "; file:PATH prints into a file";
+  if (code == kUnknownQueue) {
+    return "the system has no " + printer + ": \"lpstat -e\" lists those it has" + intoFile;
+  }
+  if (code == kServerIsAway) return printer + ": the print server cannot be reached" + intoFile;
+  return printer + " cannot be opened: " + reasonOf(code);
 }
 
 std::string hex(std::string_view bytes) {
@@ -28,11 +45,6 @@ std::string hex(std::string_view bytes) {
     text += kDigits[byte & 15];
   }
   return text;
-}
-
-bool isOrdinaryFile(const std::string& path) {
-  std::error_code ignored;
-  return std::filesystem::is_regular_file(std::filesystem::symlink_status(path, ignored));
 }
 
 }  // namespace
@@ -64,6 +76,7 @@ bool OutputSpooler::openPrinter(tarvo::TextView name, tarvo::PrinterHandle& hand
   printerName_ = tarvo::toUtf8(name);
   isOpen_ = spooler_->openPrinter(name, handle);
   handle_ = handle;
+  unopened_ = isOpen_ ? "" : whyNotOpened(printerName_, spooler_->lastError());
   return traced("OpenPrinter", isOpen_, {{"name", printerName_}});
 }
 
@@ -135,10 +148,7 @@ std::string OutputSpooler::abandon() {
   if (!std::exchange(isJob_, false)) return {};
   if (file_.empty()) return "the job was not sent to the printer";
   if (file_ == kStandardOutput) return "what was written to the standard output is not whole";
-  std::error_code failed;
-  if (isOrdinaryFile(file_) && std::filesystem::remove(file_, failed)) {
-    return file_ + " was not whole and was removed";
-  }
+  if (removeOrdinaryFile(file_)) return file_ + " was not whole and was removed";
   return file_ + " is not whole";
 }
 

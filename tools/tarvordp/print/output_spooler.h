@@ -33,6 +33,10 @@ class OutputSpooler final : public tarvo::Spooler {
   // Why a job did not arrive whole; empty as long as all do.  After that one no other is begun.
   const std::optional<std::string>& failure() const noexcept { return failure_; }
 
+  // Why the printer of the latest openPrinter could not be opened, and what to do then, a sentence;
+  // empty when it could.
+  const std::string& unopened() const noexcept { return unopened_; }
+
   // Gives up the job that is open, or that failed: an ordinary file is removed, a job of the
   // system's spooler is not submitted.  What became of it, a sentence; empty when there is none.
   std::string abandon();
@@ -54,6 +58,7 @@ class OutputSpooler final : public tarvo::Spooler {
   std::string file_;                    // of the present job; empty: it is none
   std::map<std::string, int> filesOf_;  // jobs so far of each file printer
   std::optional<std::string> failure_;
+  std::string unopened_;
   tarvo::PrinterHandle handle_ = 0;
   bool isOpen_ = false;  // a printer
   bool isJob_ = false;   // a job began and has not ended, or failed

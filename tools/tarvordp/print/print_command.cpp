@@ -34,7 +34,9 @@ constexpr const char* kFooter =
     "  tarvordp print invoice.json --printer file:invoice.prn\n"
     "  tarvordp print invoice.json --printer file:- --copies 3 | lp -o raw\n"
     "  tarvordp print receipt.json --printer LX-350 --save receipt.pdf\n"
-    "  tarvordp print invoice.json --set FACTURA.NUMERO=1043 --yes --trace calls.jsonl";
+    "  tarvordp print invoice.json --set CLIENTE.NOMBRE=\"Ana Contreras\" --yes"
+    "\n"
+    "  tarvordp print invoice.json --yes --trace calls.jsonl";
 
 std::pair<std::string, std::string> nameAndValue(const std::string& written) {
   const std::size_t sign = written.find('=');
@@ -57,17 +59,21 @@ void addArguments(CLI::App& command, Arguments& arguments) {
   command.add_option("JOB", options.job, "The job file; \"-\" reads the standard input")
       ->required();
   command
-      .add_option("--printer", options.printer,
-                  "The printer, in place of the profile's. file:PATH writes each job of the "
-                  "spooler into a file (PATH, PATH.2 ...), file:- to the standard output; any "
-                  "other name is a printer of the system. Drafts do not go there: see --save")
+      .add_option(
+          "--printer", options.printer,
+          "The printer, in place of the profile's. file:PATH writes each job of the "
+          "spooler into a file (PATH, PATH.2 ...), file:- to the standard output; any "
+          "other name is a printer of the system. Drafts do not go there (see --save), but want "
+          "some printer's name all the same")
       ->type_name("NAME");
   command
       .add_option("--save", options.save, "Save what is graphic, such as a draft, as this PDF file")
       ->type_name("FILE.pdf");
   command
       .add_option("--set", arguments.values,
-                  "Give a value of the record another text; may be repeated")
+                  "Give a value of the record another text, as which it is printed: number and "
+                  "date formats do not apply to it. Queries keep the job's parameters. May be "
+                  "repeated")
       ->type_name("NAME=VALUE")
       ->expected(1)
       ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);

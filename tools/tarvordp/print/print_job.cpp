@@ -1,23 +1,29 @@
 #include "tarvordp/print/print_job.h"
 
+#include <filesystem>
 #include <ostream>
 #include <string>
 #include <utility>
 
 #include "frame/codepage.h"
 #include "frame/modRDPGlobalValues.h"
+#include "frame/upper_case.h"
 #include "platform/file/file_sink.h"
 #include "platform/file/file_spooler.h"
 #include "printer/clsUtilImp.h"
 #include "services/all.h"
 #include "tarvordp/job/job_file.h"
+#include "tarvordp/json/excerpt.h"
 #include "tarvordp/mistake.h"
 #include "tarvordp/print/csv_separator.h"
 #include "tarvordp/print/interruption.h"
 #include "tarvordp/print/job_messages.h"
 #include "tarvordp/print/job_pages.h"
 #include "tarvordp/print/job_report.h"
+#include "tarvordp/print/named_files.h"
+#include "tarvordp/print/opened_templates.h"
 #include "tarvordp/print/traced_errors.h"
+#include "tarvordp/whole_file.h"
 
 namespace tarvordp {
 namespace {
@@ -60,18 +66,6 @@ std::vector<std::string> namesOf(const PrintOptions& options) {
   return names;
 }
 
-// Where the separator is not the comma, rows have more cells than there are names, or names make no
-// sense.
-JobData dataOf(const Job& job, Progress& progress) {
-  try {
-    return openData(job, [&](std::int64_t records) { progress.reading(records); });
-  } catch (const Mistake& wrong) {
-    const std::string hint = separatorHint(job);
-    if (hint.empty()) throw;
-    throw Mistake(wrong.what() + (": " + hint));
-  }
-}
-
 Profile profileFor(const PrintOptions& options, const Job& job) {
   Profile profile = profileOf(job);
   if (options.printer) profile.printerName = tarvo::fromUtf8(*options.printer);
@@ -108,6 +102,23 @@ std::string bytesOf(const tarvo::Text& code) {
   return bytes;
 }
 
+bool isNamedLikeTemplate(const std::string& path) {
+  const std::string ending = std::filesystem::path(path).extension().string();
+  return tarvo::upperCase(tarvo::fromUtf8(ending)) == u".ID";
+}
+
+JsonValue readJobFile(const std::string& path) {
+  const std::string text = readWholeFile(path);
+  try {
+    return readJsonText(text, path);
+  } catch (const Mistake&) {
+    if (!isNamedLikeTemplate(path)) throw;
+    throw Mistake(path +
+                  ": this is no job file, and is named like a template: print takes a job file "
+                  "(JSON) that names the template");
+  }
+}
+
 // One run of one job, to one printer.
 class Printing {
  public:
@@ -142,7 +153,7 @@ class Printing {
     services.refInsError = make<TracedErrors>(run_.trace);
     services.refInsMessage = messages_;
     const LentServices lent(services, printer_);
-    printReport(run_, {tarvo::platform::makeTextFiles(), pages_});
+    printReport(run_, {make<OpenedTemplates>(tarvo::platform::makeTextFiles(), run_), pages_});
   }
 
   ExitStatus ended(const tarvo::RunTimeError& error) {
@@ -155,18 +166,20 @@ class Printing {
       tell("run-time error " + std::to_string(error.number()) + ": " +
            tarvo::toUtf8(error.description()));
     }
+    tellWhereItEnded(error);
     abandonOutput();
     return run_.wasGivenUpAtPause ? kNotPrinted : kRunTimeError;
   }
 
   ExitStatus finished() {
     if (output_->failure()) return outputFailed();
-    tellHints();
+    const bool isAnything = output_->jobs() > 0 || pages_->pages() > 0;
+    if (isAnything) tellHints();
     if (messages_->saidThatNotPrinted()) {
-      tellOfEmptyJob();
+      tellOfSheets();
       return kNotPrinted;
     }
-    if (output_->jobs() == 0 && pages_->pages() == 0) {
+    if (!isAnything) {
       tell("nothing was printed: the job names no template for these sheets");
       return kNotPrinted;
     }
@@ -189,10 +202,37 @@ class Printing {
     if (!outcome.empty()) tell(outcome);
   }
 
+  // What failed was not the template where it was the output or the data, or where somebody wanted
+  // the end.
+  void tellWhereItEnded(const tarvo::RunTimeError& error) {
+    const bool isElsewhere =
+        error.number() == tarvo::kDeviceError || error.number() == tarvo::kDiskFull;
+    if (isElsewhere || run_.wasGivenUpAtPause || Interruption::isAskedFor()) return;
+    const std::string where = whereItEnded(run_);
+    if (!where.empty()) tell("hint: " + where);
+  }
+
   void tellHints() {
     const std::string separator = separatorHint(run_.job);
     if (!separator.empty()) tell("hint: " + separator);
     for (const std::string& hint : run_.asked.hints()) tell("hint: " + hint);
+    if (run_.data.details->lackSubtotal()) {
+      tell("hint: no record has the name " +
+           quotedExcerpt(run_.job.document->find("subtotal")->text()) +
+           " of the job's \"subtotal\": nothing was added up");
+    }
+  }
+
+  // Of what a message told in the library's words, what is to be added.
+  void tellOfSheets() {
+    if (!output_->unopened().empty()) tell(output_->unopened());
+    if (messages_->saidTemplateEndingTwice()) {
+      tell("hint: the job names a template without \".ID\" at its end");
+    }
+    tellOfEmptyJob();
+    if (!messages_->leftOutSecondSheet()) return;
+    tell("the second sheet was left out");
+    summarize();
   }
 
   // The library asks whether the report may be printed once its job has begun, so there is one, and
@@ -234,13 +274,14 @@ class Printing {
 }  // namespace
 
 ExitStatus printJob(const PrintOptions& options, Console& console, PrintEquipment equipment) {
-  Job job = readJob(readJsonFile(options.job));
+  Job job = readJob(readJobFile(options.job));
   takeOptions(options, job);
   checkSave(options);
   const Profile profile = profileFor(options, job);
   checkTrace(options, profile);
+  requireSeparateFiles(options, profile, job);
   Progress progress(console.err, console.errIsTerminal, equipment.pace);
-  JobData data = dataOf(job, progress);
+  JobData data = openData(job, [&](std::int64_t records) { progress.reading(records); });
   takeValues(options, data.record);
   Trace trace = traceFor(options, console);
   if (!equipment.spooler) equipment.spooler = tarvo::makeSpooler();

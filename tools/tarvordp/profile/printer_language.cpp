@@ -51,15 +51,26 @@ PrinterLanguage languageOfCode(ControlCode code, const tarvo::Text& bytes) {
   return found;
 }
 
-PrinterLanguage languageOf(const Profile& profile) {
-  PrinterLanguage found = PrinterLanguage::unknown;
+LanguageEvidence languageEvidenceIn(const Profile& profile) {
+  LanguageEvidence seen;
   for (std::size_t i = 0; i < kControlCodes; ++i) {
-    const PrinterLanguage said = languageOfCode(static_cast<ControlCode>(i), profile.codes[i]);
-    if (said == PrinterLanguage::unknown || said == found) continue;
-    if (found != PrinterLanguage::unknown) return PrinterLanguage::unknown;
-    found = said;
+    const auto code = static_cast<ControlCode>(i);
+    const PrinterLanguage said = languageOfCode(code, profile.codes[i]);
+    if (said == PrinterLanguage::unknown) continue;
+    if (seen.language != PrinterLanguage::unknown && said != seen.language) {
+      seen.otherLanguage = said;
+      seen.otherCode = code;
+      return seen;
+    }
+    seen.language = said;
+    seen.code = code;
   }
-  return found;
+  return seen;
+}
+
+PrinterLanguage languageOf(const Profile& profile) {
+  const LanguageEvidence seen = languageEvidenceIn(profile);
+  return seen.otherLanguage == PrinterLanguage::unknown ? seen.language : PrinterLanguage::unknown;
 }
 
 }  // namespace tarvordp

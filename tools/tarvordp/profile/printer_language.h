@@ -19,6 +19,15 @@ std::string_view nameOf(PrinterLanguage language) noexcept;
 // The one language that has this code for the property; unknown when none has it, or several.
 PrinterLanguage languageOfCode(ControlCode code, const tarvo::Text& bytes);
 
+// What the codes of a profile say, in their order.
+struct LanguageEvidence {
+  PrinterLanguage language = PrinterLanguage::unknown;  // that the first ones agree on
+  ControlCode code{};                                   // the last one of those
+  PrinterLanguage otherLanguage = PrinterLanguage::unknown;
+  ControlCode otherCode{};  // the first one that contradicts them, if otherLanguage is not unknown
+};
+LanguageEvidence languageEvidenceIn(const Profile& profile);
+
 // Unknown when no code says, and when two contradict each other.
 PrinterLanguage languageOf(const Profile& profile);
 

@@ -188,21 +188,13 @@ void checkBytes(const Profile& profile, Remarks& remarks) {
 }
 
 void checkLanguages(const Profile& profile, Remarks& remarks) {
-  PrinterLanguage seen = PrinterLanguage::unknown;
-  ControlCode where{};
-  for (std::size_t i = 0; i < kControlCodes; ++i) {
-    const PrinterLanguage language = languageOfCode(codeAt(i), profile.codes[i]);
-    if (language == PrinterLanguage::unknown) continue;
-    if (seen != PrinterLanguage::unknown && language != seen) {
-      remarks.push_back({Kind::warning, name(where) + " is a code of " + std::string(nameOf(seen)) +
-                                            " printers, " + name(codeAt(i)) + " one of " +
-                                            std::string(nameOf(language)) +
-                                            " printers: no printer speaks both at once."});
-      return;
-    }
-    seen = language;
-    where = codeAt(i);
-  }
+  const LanguageEvidence seen = languageEvidenceIn(profile);
+  if (seen.otherLanguage == PrinterLanguage::unknown) return;
+  remarks.push_back({Kind::warning, name(seen.code) + " is a code of " +
+                                        std::string(nameOf(seen.language)) + " printers, " +
+                                        name(seen.otherCode) + " one of " +
+                                        std::string(nameOf(seen.otherLanguage)) +
+                                        " printers: no printer speaks both at once."});
 }
 
 // ESC R chooses one of a dozen nations' letters in the place of brackets and the like.

@@ -108,8 +108,13 @@ void addProfilesCommand(CLI::App& program, Console& console, int& status) {
       "profiles", "List the shipped printer profiles, or show and check one");
   command->footer(
       "A profile file is a JSON object of the printer's properties; a control code is a text of\n"
-      "characters 0 to 255, one for each byte: {\"ChrBold\": \"\\u001bE\"}.  What is missing is\n"
-      "empty.\n\n"
+      "characters 0 to 255, one for each byte: {\"ChrBold\": \"\\u001bE\"}.  A code that is\n"
+      "missing is empty, a number is 0, and CanPrintInTextMode is false: master-detail reports "
+      "are\n"
+      "drawn as pages then, and a form's sheets are not printed.\n\n"
+      "Exit status:\n"
+      "  0  shown\n"
+      "  2  wrong arguments, or no such profile, or a file that is none\n\n"
       "Examples:\n"
       "  tarvordp profiles\n"
       "  tarvordp profiles epson-9pin\n"

@@ -1,6 +1,7 @@
 #include "tarvordp/view/composed_line.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace tarvordp {
@@ -10,40 +11,34 @@ constexpr char16_t kBlank = u' ';
 constexpr char16_t kUnderscore = u'_';
 constexpr char16_t kNothing = 0;
 
-void append(CellRow& row, const Run& run) {
+// A row, or what one pass of the print head leaves.  Unknown codes take no room, so they are no
+// matter of where characters stand.
+struct Layer {
+  CellRow characters;  // from left to right
+  CellRow unknown;     // as they were printed
+};
+
+void append(Layer& layer, const Run& run) {
   if (!run.unknown.empty()) {
-    row.push_back({run.x, run.look, kBlank, kNothing, shownBetweenBrackets(run.unknown)});
+    layer.unknown.push_back({run.x, run.look, kBlank, kNothing, shownBetweenBrackets(run.unknown)});
     return;
   }
   int x = run.x;
   char16_t tab = u'\t';
   for (const char16_t character : run.text) {
     const char16_t printed = run.isTab ? std::exchange(tab, kNothing) : character;
-    row.push_back({x, run.look, character, printed, {}});
+    layer.characters.push_back({x, run.look, character, printed, {}});
     x += run.look.width;
   }
 }
 
-bool isUnseen(const Cell& cell) {
-  return cell.unknown.empty() && cell.character == kBlank && !cell.look.underlined;
-}
+bool isUnseen(const Cell& cell) { return cell.character == kBlank && !cell.look.underlined; }
 
-CellRow::iterator placeOf(const Cell& cell, CellRow& row) {
-  return std::ranges::lower_bound(row, cell.x, {}, &Cell::x);
-}
+int endOf(const CellRow& row) { return row.empty() ? 0 : row.back().x + row.back().look.width; }
 
-// Where the row's last character ends.
-int endOf(const CellRow& row) {
-  for (auto cell = row.rbegin(); cell != row.rend(); ++cell) {
-    if (cell->unknown.empty()) return cell->x + cell->look.width;
-  }
-  return 0;
-}
-
-// The character cell that begins at the same place; the end when there is none.
+// The cell that begins at the same place; the end when there is none.
 CellRow::iterator sameCell(const Cell& cell, CellRow& row) {
-  auto at = placeOf(cell, row);
-  while (at != row.end() && at->x == cell.x && !at->unknown.empty()) ++at;
+  const auto at = std::ranges::lower_bound(row, cell.x, {}, &Cell::x);
   return at != row.end() && at->x == cell.x ? at : row.end();
 }
 
@@ -54,7 +49,7 @@ bool makeOne(const Cell& under, const Cell& over) {
 }
 
 bool joins(const Cell& cell, CellRow& row) {
-  if (!cell.unknown.empty() || isUnseen(cell)) return true;
+  if (isUnseen(cell)) return true;
   const auto under = sameCell(cell, row);
   return under != row.end() ? makeOne(*under, cell) : cell.x >= endOf(row);
 }
@@ -75,32 +70,50 @@ void joinCharacter(Cell& under, const Cell& over) {
 }
 
 void join(const Cell& cell, CellRow& row) {
-  if (!cell.unknown.empty()) {
-    row.insert(placeOf(cell, row), cell);
-    return;
-  }
   const auto under = sameCell(cell, row);
   if (under != row.end()) return joinCharacter(*under, cell);
   if (cell.x >= endOf(row)) row.push_back(cell);
 }
 
+// False, and nothing is done: it would cover what is there.
+bool joinPass(Layer& row, Layer& pass) {
+  const bool joinsAll = std::ranges::all_of(
+      pass.characters, [&](const Cell& cell) { return joins(cell, row.characters); });
+  if (!joinsAll) return false;
+  if (row.characters.empty()) {
+    row.characters = std::move(pass.characters);
+  } else {
+    for (const Cell& cell : pass.characters) join(cell, row.characters);
+  }
+  std::ranges::move(pass.unknown, std::back_inserter(row.unknown));
+  return true;
+}
+
+// A code stands before the character at its place.
+CellRow cellsOf(Layer& layer) {
+  std::ranges::stable_sort(layer.unknown, {}, &Cell::x);
+  CellRow cells;
+  cells.reserve(layer.unknown.size() + layer.characters.size());
+  std::ranges::merge(std::make_move_iterator(layer.unknown.begin()),
+                     std::make_move_iterator(layer.unknown.end()),
+                     std::make_move_iterator(layer.characters.begin()),
+                     std::make_move_iterator(layer.characters.end()), std::back_inserter(cells), {},
+                     &Cell::x, &Cell::x);
+  return cells;
+}
+
 }  // namespace
 
 std::vector<CellRow> composed(const Line& line) {
-  std::vector<CellRow> rows(1);
+  std::vector<Layer> layers(1);
   for (auto run = line.runs.begin(); run != line.runs.end();) {
-    const int pass = run->pass;
-    CellRow cells;
-    for (; run != line.runs.end() && run->pass == pass; ++run) append(cells, *run);
-    CellRow& row = rows.back();
-    if (row.empty()) {
-      row = std::move(cells);
-    } else if (std::ranges::all_of(cells, [&](const Cell& cell) { return joins(cell, row); })) {
-      for (const Cell& cell : cells) join(cell, row);
-    } else {
-      rows.push_back(std::move(cells));
-    }
+    const int number = run->pass;
+    Layer pass;
+    for (; run != line.runs.end() && run->pass == number; ++run) append(pass, *run);
+    if (!joinPass(layers.back(), pass)) layers.push_back(std::move(pass));
   }
+  std::vector<CellRow> rows;
+  for (Layer& layer : layers) rows.push_back(cellsOf(layer));
   return rows;
 }
 

@@ -83,9 +83,7 @@ bool Decoder::isPartOfUnknown(std::string_view bytes) const {
 PrinterEvent Decoder::unknown(std::string_view bytes) const {
   CodeExtent extent = extentOf(language_, bytes);
   const bool isEscape = bytes.front() == kEscape;
-  if (isEscape && !extent.endIsKnown && extent.size == 2 && !mayFollow(bytes.substr(1))) {
-    extent.size = 1;
-  }
+  if (isEscape && !extent.endIsKnown && !mayFollow(bytes.substr(1))) extent.size = 1;
   if (!isEscape || !extent.endIsKnown) {
     while (isPartOfUnknown(bytes.substr(extent.size))) ++extent.size;
   }

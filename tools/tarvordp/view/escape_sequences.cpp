@@ -144,11 +144,11 @@ class Measuring {
   // A list of tab stops is short: one that does not end soon is none.
   void addUpToNul() noexcept {
     constexpr std::size_t kMostStops = 32;
-    const std::size_t nul = bytes_.find('\0', extent_.size);
-    if (nul == std::string_view::npos || nul > extent_.size + kMostStops) {
+    const std::size_t stops = bytes_.substr(extent_.size, kMostStops + 1).find('\0');
+    if (stops == std::string_view::npos) {
       extent_.endIsKnown = false;
     } else {
-      extent_.size = nul + 1;
+      extent_.size += stops + 1;
     }
   }
 

@@ -9,16 +9,29 @@
 #include <system_error>
 #include <utility>
 
+#include "tarvordp/print/interruption.h"
+
 namespace tarvordp {
 namespace {
 
 constexpr double kPixelsPerPoint = 2;
 
-// A file that is there whole or not at all.
+namespace fs = std::filesystem;
+
+// Where the bytes go until they are whole: beside the file itself, behind its links.  A device has
+// no such place.
+fs::path placeUntilWhole(const fs::path& target) {
+  std::error_code ignored;
+  if (fs::exists(target, ignored) && !fs::is_regular_file(target, ignored)) return target;
+  return fs::path(target) += ".part";
+}
+
+// A file that is there whole or not at all: one that was there before stays until then.
 class WholeFile {
  public:
-  explicit WholeFile(std::string path) : path_(std::move(path)) {
-    file_ = std::fopen(path_.c_str(), "wb");
+  explicit WholeFile(std::string path)
+      : path_(std::move(path)), target_(targetOf(path_)), place_(placeUntilWhole(target_)) {
+    file_ = std::fopen(place_.c_str(), "wb");
     if (file_ == nullptr) fail();
   }
   WholeFile(const WholeFile&) = delete;
@@ -30,8 +43,10 @@ class WholeFile {
   // As cairo wants it.
   static cairo_status_t write(void* self, const unsigned char* bytes, unsigned int size) {
     auto& file = *static_cast<WholeFile*>(self);
-    if (std::fwrite(bytes, 1, size, file.file_) == size) return CAIRO_STATUS_SUCCESS;
-    file.error_ = errno;
+    const bool isWritten =
+        !Interruption::isAskedFor() && std::fwrite(bytes, 1, size, file.file_) == size;
+    if (isWritten) return CAIRO_STATUS_SUCCESS;
+    file.error_ = Interruption::isAskedFor() ? EINTR : errno;
     return CAIRO_STATUS_WRITE_ERROR;
   }
 
@@ -40,6 +55,7 @@ class WholeFile {
     const int closed = std::fclose(std::exchange(file_, nullptr));
     if (error_ == 0 && closed != 0) error_ = errno;
     // Not every surface of cairo passes a failed write on.
+    if (drawing == CAIRO_STATUS_SUCCESS && error_ == 0) error_ = putInPlace();
     if (drawing == CAIRO_STATUS_SUCCESS && error_ == 0) return;
     remove();
     fail(drawing);
@@ -58,13 +74,26 @@ class WholeFile {
     std::fclose(std::exchange(file_, nullptr));
     remove();
   }
+  static fs::path targetOf(const std::string& path) {
+    std::error_code error;
+    const fs::path plain = fs::weakly_canonical(path, error);
+    return error ? fs::path(path) : plain;
+  }
+  // 0, or the error's number.
+  int putInPlace() const {
+    std::error_code error;
+    if (place_ != target_) fs::rename(place_, target_, error);
+    return error.value();
+  }
   // A device stays.
   void remove() const {
     std::error_code ignored;
-    if (std::filesystem::is_regular_file(path_, ignored)) std::filesystem::remove(path_, ignored);
+    if (place_ != target_) fs::remove(place_, ignored);
   }
 
-  std::string path_;
+  std::string path_;  // as it was given
+  fs::path target_;
+  fs::path place_;
   std::FILE* file_ = nullptr;
   int error_ = 0;
 };

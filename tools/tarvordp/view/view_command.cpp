@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "tarvordp/command_line.h"
+#include "tarvordp/print/interruption.h"
 #include "tarvordp/profile/code_text.h"
 #include "tarvordp/profile/profile.h"
 #include "tarvordp/view/character_set.h"
@@ -103,7 +104,10 @@ class Viewing {
     if (!options_.pictures.empty()) files.push_back(makePictures(options_.pictures, paper));
     if (!options_.pdf.empty()) files.push_back(makePdf(options_.pdf, paper));
     std::size_t number = 0;
+    const Interruption interruption;
     makePages(bytes_, profile_, [&](const Page& page) {
+      if (Interruption::isAskedFor())
+        throw CannotWrite("interrupted: what was not whole is removed");
       showProgress(++number);
       for (const auto& each : files) each->add(page);
     });
@@ -158,7 +162,7 @@ void addViewCommand(CLI::App& program, Console& console, int& status) {
       "what follows may belong to it.\n\n"
       "Exit status:\n"
       "  0  shown\n"
-      "  1  a file could not be written, or there is no page to write\n"
+      "  1  a file could not be written, or there is no page to write, or it was interrupted\n"
       "  2  wrong arguments, profile or file\n"
       "  3  the standard output was not written whole\n\n"
       "Examples:\n"
@@ -182,8 +186,8 @@ void addViewCommand(CLI::App& program, Console& console, int& status) {
                     "Only the lines that were printed, as plain text (UTF-8)");
   command
       ->add_option("--lines", options->lines,
-                   "Lines on a page (half-letter paper, MEDIACARTA: 29); default: the profile's "
-                   "MaxLinPage")
+                   "Lines on a page; for half-letter paper (MEDIACARTA) the template's "
+                   "NMAXLINPAGINA, or 29 if it has none; default: the profile's MaxLinPage")
       ->check(CLI::Range(1, 255))
       ->type_name("N");
   command->add_flag("--green-bars", options->greenBars, "Draw on paper with green bars");
