@@ -66,11 +66,13 @@ TEST_F(HintsTest, ACsvFileWithAnotherSeparatorIsTold) {
   const std::string lines = "{CUERPO=1}\n{R.CODIGO}\n{FINCUERPO}\n";
   const std::string details = R"(, "details": {"csv": "d.csv"})";
   write("d.csv", "\xEF\xBB\xBFR.CODIGO;R.MONTO\r\nA-1;12\r\n");
-  EXPECT_EQ(withoutFolder(hintsFor(lines, details)),
-            "tarvordp: hint: d.csv seems to be separated by \";\", and a CSV file by \",\"\n" +
-                std::string(kNowhere) + "R.CODIGO\n");
+  EXPECT_EQ(
+      withoutFolder(hintsFor(lines, details)),
+      "tarvordp: hint: d.csv: columns are separated by commas, and those of this file seem to "
+      "be by \";\"\n" +
+          std::string(kNowhere) + "R.CODIGO\n");
   write("d.csv", "R.CODIGO\tR.MONTO\nA-1\t12\n");
-  EXPECT_THAT(hintsFor(lines, details), HasSubstr("d.csv seems to be separated by tabs, and "));
+  EXPECT_THAT(hintsFor(lines, details), HasSubstr("those of this file seem to be by tabs\n"));
   write("d.csv", "R.CODIGO,a;b\nA-1,12\n");
   EXPECT_EQ(hintsFor(lines, details), "") << "more than one column";
 }

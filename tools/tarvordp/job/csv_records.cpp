@@ -43,6 +43,10 @@ class CsvRecords final : public RecordSource {
     mistakeAt(row_.line, whatIsWrong);
   }
 
+  std::string doubt() const override {
+    return otherSeparator_.empty() ? "" : path_ + ": " + notByCommas();
+  }
+
  private:
   // Looking at a file takes longer than reading a row of it; at the end it is always done.
   static constexpr std::uint64_t kLookEvery = 256;
@@ -58,8 +62,7 @@ class CsvRecords final : public RecordSource {
     } catch (const BadValue& wrong) {
       requireUnchanged();
       if (otherSeparator_.empty()) mistake(wrong.what());
-      mistakeAt(1, "columns are separated by commas, and those of this file seem to be by " +
-                       otherSeparator_);
+      mistakeAt(1, notByCommas());
     }
   }
 
@@ -92,6 +95,11 @@ class CsvRecords final : public RecordSource {
     for (std::size_t i = 0; i < columns_.size(); ++i) {
       record.values.push_back(valueOf(row_.cells[i], columns_[i]));
     }
+  }
+
+  std::string notByCommas() const {
+    return "columns are separated by commas, and those of this file seem to be by " +
+           otherSeparator_;
   }
 
   std::string wrongSize() const {

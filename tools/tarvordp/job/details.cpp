@@ -1,6 +1,5 @@
 #include "tarvordp/job/details.h"
 
-#include <string>
 #include <utility>
 
 namespace tarvordp {
@@ -32,6 +31,7 @@ Details::Details(std::unique_ptr<RecordSource> source, tarvo::TextView subtotal,
     if (listener) listener(count_);
   }
   lackSubtotal_ = count_ > 0 && !hasSubtotal;
+  doubt_ = source_->doubt();
   if (kept_.size() == static_cast<std::size_t>(count_)) {
     source_ = nullptr;
   } else {

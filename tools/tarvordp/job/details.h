@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <string>
 #include <vector>
 
 #include "tarvordp/job/record_source.h"
@@ -41,6 +42,9 @@ class Details {
   // Whether there are records and none of them has the name `subtotal`.
   bool lackSubtotal() const noexcept { return lackSubtotal_; }
 
+  // RecordSource::doubt(), of the records that were read.
+  const std::string& doubt() const noexcept { return doubt_; }
+
   // Null before first().
   const Record* present() const noexcept { return present_; }
 
@@ -55,6 +59,7 @@ class Details {
   const Record* present_ = nullptr;
   std::int64_t count_ = 0;
   bool lackSubtotal_ = false;
+  std::string doubt_;
   std::int64_t walked_ = 0;  // records of this walk, when they are not kept
   std::size_t index_ = 0;    // of the present record among the kept ones
 };

@@ -23,6 +23,10 @@ class RecordSource {
 
   // Raises: Mistake, at the place of the record that was read last.
   [[noreturn]] virtual void mistake(const std::string& whatIsWrong) const = 0;
+
+  // What makes the whole source look wrong though its records can be read, a sentence; empty:
+  // nothing.
+  virtual std::string doubt() const { return {}; }
 };
 
 }  // namespace tarvordp

@@ -15,7 +15,6 @@
 #include "tarvordp/job/job_file.h"
 #include "tarvordp/json/excerpt.h"
 #include "tarvordp/mistake.h"
-#include "tarvordp/print/csv_separator.h"
 #include "tarvordp/print/interruption.h"
 #include "tarvordp/print/job_messages.h"
 #include "tarvordp/print/job_pages.h"
@@ -213,8 +212,8 @@ class Printing {
   }
 
   void tellHints() {
-    const std::string separator = separatorHint(run_.job);
-    if (!separator.empty()) tell("hint: " + separator);
+    const std::string& doubt = run_.data.details->doubt();
+    if (!doubt.empty()) tell("hint: " + doubt);
     for (const std::string& hint : run_.asked.hints()) tell("hint: " + hint);
     if (run_.data.details->lackSubtotal()) {
       tell("hint: no record has the name " +
