@@ -61,10 +61,11 @@ std::string inOwnWords(const JsonMistake& mistake) {
   if (mistake.isBehindElement && holds(reason, "parsing value - unexpected ']'")) {
     return "there is a comma before ']'";
   }
-  for (const std::string end : {"}", "]"}) {
-    const bool isInside = holds(reason, end == "}" ? "parsing object -" : "parsing array -");
+  for (const char end : {'}', ']'}) {
+    const bool isInside = holds(reason, end == '}' ? "parsing object -" : "parsing array -");
     const std::string value = isInside ? valueAfterValue(reason) : "";
-    if (!value.empty()) return "a comma or '" + end + "' is missing before this " + value;
+    if (value.empty()) continue;
+    return std::string("a comma or '").append(1, end).append("' is missing before this ") + value;
   }
   if (mistake.position > 0 && holds(reason, "invalid literal") &&
       isOtherQuotationMark(mistake.text.substr(mistake.position - 1))) {

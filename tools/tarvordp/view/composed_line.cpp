@@ -113,6 +113,7 @@ std::vector<CellRow> composed(const Line& line) {
     if (!joinPass(layers.back(), pass)) layers.push_back(std::move(pass));
   }
   std::vector<CellRow> rows;
+  rows.reserve(layers.size());
   for (Layer& layer : layers) rows.push_back(cellsOf(layer));
   return rows;
 }
