@@ -21,19 +21,13 @@ import sys
 import time
 
 PROJECT = pathlib.Path(__file__).resolve().parents[2]
+sys.path.insert(0, str(PROJECT / "tests/equipment"))
+from standalone_test import Failure, Skip, exit_code_of  # pylint: disable=wrong-import-position
+
 EQUIPMENT = PROJECT / "tests/equipment/debian"
 README = (PROJECT / "README.md").read_text("utf-8")
-SKIPPED = 77
 # For "./dev demo", when the packages it needs are there, on a machine that does nothing else.
 DEMO_LIMIT_SECONDS = 300
-
-
-class Failure(Exception):
-    pass
-
-
-class Skip(Exception):
-    pass
 
 
 def cache():
@@ -222,21 +216,13 @@ def as_root():
     os.execvp("sudo", [*command, *sys.argv])
 
 
-def main():
+def run_test():
     name, packages, folder = sys.argv[1], pathlib.Path(sys.argv[2]), pathlib.Path(sys.argv[3])
-    signal.signal(signal.SIGTERM, lambda *_: sys.exit(1))
-    try:
-        as_root()
-        with alone(), Machine(folder.resolve()) as machine:
-            TESTS[name](machine, packages.resolve())
-    except Skip as skip:
-        print(skip)
-        return SKIPPED
-    except Failure as failure:
-        print(failure)
-        return 1
-    return 0
+    as_root()
+    with alone(), Machine(folder.resolve()) as machine:
+        TESTS[name](machine, packages.resolve())
 
 
 if __name__ == "__main__":
-    sys.exit(main())
+    signal.signal(signal.SIGTERM, lambda *_: sys.exit(1))
+    sys.exit(exit_code_of(run_test))

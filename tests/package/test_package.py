@@ -18,18 +18,12 @@ import zipfile
 PROJECT = pathlib.Path(__file__).resolve().parents[2]
 HERE = pathlib.Path(__file__).resolve().parent
 sys.path.insert(0, str(PROJECT / "tests/windows/scripts"))
+sys.path.insert(0, str(PROJECT / "tests/equipment"))
 import script_test  # pylint: disable=wrong-import-position
+from standalone_test import (  # pylint: disable=wrong-import-position
+    SKIPPED, Failure, Skip, exit_code_of)
 
-SKIPPED = 77
 SERVERS = ("LibTarvoRdpCI_2402", "LibTarvoCI_2402")
-
-
-class Failure(Exception):
-    pass
-
-
-class Skip(Exception):
-    pass
 
 
 def run(*command, **options):
@@ -236,18 +230,10 @@ TESTS = {
 }
 
 
-def main():
+def run_test():
     name, made, folder = sys.argv[1], pathlib.Path(sys.argv[2]), pathlib.Path(sys.argv[3])
-    try:
-        TESTS[name](Packages(made.resolve(), folder.resolve()))
-    except Skip as skip:
-        print(skip)
-        return SKIPPED
-    except Failure as failure:
-        print(failure)
-        return 1
-    return 0
+    TESTS[name](Packages(made.resolve(), folder.resolve()))
 
 
 if __name__ == "__main__":
-    sys.exit(main())
+    sys.exit(exit_code_of(run_test))

@@ -10,7 +10,7 @@
 #include <string>
 #include <string_view>
 
-#include "tarvordp/print/interruption.h"
+#include "tarvordp/interruption.h"
 
 namespace tarvordp {
 namespace {

@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "tarvordp/check/rules.h"
+#include "tarvordp/hex_byte.h"
 #include "tarvordp/profile/profile.h"
 #include "tarvordp/view/character_set.h"
 
@@ -11,11 +12,6 @@ using tarvo::Text;
 using tarvo::TextView;
 
 constexpr char16_t kOldEndOfFile = 0x1A;
-
-std::string hexadecimal(std::uint8_t byte) {
-  constexpr std::string_view kDigits = "0123456789ABCDEF";
-  return {kDigits[byte >> 4], kDigits[byte & 15]};
-}
 
 class CharacterRules {
  public:
@@ -96,7 +92,7 @@ class CharacterRules {
     const std::uint8_t byte = context_.services.printedByte(c);
     const char16_t printed = characterOf(set_, byte);
     if (context_.isOtherEncoding || printed == c) return false;
-    const std::string leaves = quoted(TextView(&c, 1)) + " leaves as byte " + hexadecimal(byte) +
+    const std::string leaves = quoted(TextView(&c, 1)) + " leaves as byte " + hexOfByte(byte) +
                                " and prints as " + quoted(TextView(&printed, 1));
     const std::string set = nameOf(set_);
     if (!hasSet_) {

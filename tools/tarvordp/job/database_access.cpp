@@ -10,6 +10,8 @@
 #include <string_view>
 #include <system_error>
 
+#include "tarvordp/hex_byte.h"
+
 namespace tarvordp {
 namespace {
 
@@ -21,15 +23,13 @@ constexpr std::string_view kLogEnd = "-wal";
 std::string escaped(std::string_view path) {
   constexpr std::string_view kPlain =
       "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-._~/";
-  constexpr std::string_view kDigits = "0123456789ABCDEF";
   std::string text;
   for (const char c : path) {
     if (kPlain.find(c) != std::string_view::npos) {
       text += c;
       continue;
     }
-    const auto byte = static_cast<unsigned char>(c);
-    text.append({'%', kDigits[byte >> 4], kDigits[byte & 15]});
+    text.append("%").append(hexOfByte(static_cast<unsigned char>(c)));
   }
   return text;
 }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "tarvordp/hex_byte.h"
 #include "tarvordp/utf8_letter.h"
 
 namespace tarvordp {
@@ -75,15 +76,13 @@ std::string inOwnWords(const JsonMistake& mistake) {
 }
 
 std::string withoutOtherBytes(std::string_view text) {
-  constexpr std::string_view kDigits = "0123456789ABCDEF";
   std::string plain;
   while (!text.empty()) {
     const std::size_t size = sizeOfLetter(text);
     if (size > 0) {
       plain += text.substr(0, size);
     } else {
-      const auto byte = static_cast<unsigned char>(text[0]);
-      plain.append("\\x").append(1, kDigits[byte >> 4]).append(1, kDigits[byte & 15]);
+      plain.append("\\x").append(hexOfByte(static_cast<unsigned char>(text[0])));
     }
     text.remove_prefix(std::max<std::size_t>(size, 1));
   }

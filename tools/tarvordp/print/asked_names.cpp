@@ -24,16 +24,15 @@ std::string listed(const std::vector<std::string>& names) {
 
 void AskedNames::expect(const std::vector<std::string>& names) {
   for (const std::string& name : names) {
-    if (std::ranges::find(unasked_, name) == unasked_.end()) unasked_.push_back(name);
+    if (std::ranges::find(unasked_, name, &Expected::written) != unasked_.end()) continue;
+    unasked_.push_back({name, nameKey(tarvo::fromUtf8(name))});
   }
 }
 
 void AskedNames::note(const tarvo::Text& name, bool isNowhere) {
   isAny_ = true;
   const tarvo::Text key = nameKey(name);
-  std::erase_if(unasked_, [&](const std::string& expected) {
-    return nameKey(tarvo::fromUtf8(expected)) == key;
-  });
+  std::erase_if(unasked_, [&](const Expected& expected) { return expected.key == key; });
   if (isNowhere && unansweredKeys_.emplace(key, true).second) {
     unanswered_.push_back(tarvo::toUtf8(name));
   }
@@ -46,7 +45,10 @@ std::vector<std::string> AskedNames::hints() const {
                     listed(unanswered_));
   }
   if (isAny_ && !unasked_.empty()) {
-    hints.push_back("--set gives what no template asked for: " + listed(unasked_));
+    std::vector<std::string> names;
+    names.reserve(unasked_.size());
+    for (const Expected& each : unasked_) names.push_back(each.written);
+    hints.push_back("--set gives what no template asked for: " + listed(names));
   }
   return hints;
 }

@@ -27,8 +27,13 @@ class AskedNames {
   std::vector<std::string> hints() const;
 
  private:
-  bool isAny_ = false;                   // whether there was a name at all
-  std::vector<std::string> unasked_;     // of the expected ones, as they were written
+  bool isAny_ = false;  // whether there was a name at all
+  struct Expected {
+    std::string written;
+    tarvo::Text key;  // in capitals
+  };
+
+  std::vector<Expected> unasked_;        // of the expected ones
   std::vector<std::string> unanswered_;  // as the templates wrote them first
   tarvo::TextMap<bool> unansweredKeys_;  // the same, in capitals
 };

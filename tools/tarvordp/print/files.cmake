@@ -1,6 +1,5 @@
 target_sources(tarvordp_parts PRIVATE
   ${CMAKE_CURRENT_LIST_DIR}/asked_names.cpp
-  ${CMAKE_CURRENT_LIST_DIR}/interruption.cpp
   ${CMAKE_CURRENT_LIST_DIR}/job_client.cpp
   ${CMAKE_CURRENT_LIST_DIR}/job_messages.cpp
   ${CMAKE_CURRENT_LIST_DIR}/job_pages.cpp

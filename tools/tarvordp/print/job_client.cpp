@@ -6,10 +6,10 @@
 #include <optional>
 #include <utility>
 
+#include "tarvordp/interruption.h"
 #include "tarvordp/job/amount.h"
 #include "tarvordp/job/answers.h"
 #include "tarvordp/mistake.h"
-#include "tarvordp/print/interruption.h"
 #include "template/clsObLineCharacts.h"
 
 namespace tarvordp {

@@ -7,7 +7,7 @@
 
 #include "frame/upper_case.h"
 #include "services/location_warning.h"
-#include "tarvordp/print/interruption.h"
+#include "tarvordp/interruption.h"
 
 namespace tarvordp {
 namespace {

@@ -8,13 +8,12 @@
 
 #include "platform/file/file_spooler.h"
 #include "tarvordp/mistake.h"
+#include "tarvordp/print/output_file.h"
 
 namespace tarvordp {
 namespace {
 
 namespace fs = std::filesystem;
-
-constexpr const char* kStream = "-";
 
 struct NamedFile {
   std::string what;
@@ -24,7 +23,7 @@ struct NamedFile {
 using NamedFiles = std::vector<NamedFile>;
 
 void add(NamedFiles& files, const std::string& what, const std::string& path) {
-  if (path != kStream) files.push_back({what, path});
+  if (path != kStandardOutput) files.push_back({what, path});
 }
 
 NamedFiles filesWritten(const PrintOptions& options, const Profile& profile) {

@@ -6,7 +6,8 @@
 #include <algorithm>
 #include <iostream>
 
-#include "tarvordp/print/interruption.h"
+#include "tarvordp/hex_byte.h"
+#include "tarvordp/interruption.h"
 
 namespace tarvordp {
 namespace {
@@ -35,9 +36,7 @@ std::size_t sizeOfControl(std::string_view text) {
 }
 
 std::string numberOf(char control) {
-  constexpr std::string_view kDigits = "0123456789ABCDEF";
-  const auto byte = static_cast<unsigned char>(control);
-  return {'\\', 'x', kDigits[byte >> 4], kDigits[byte & 15]};
+  return "\\x" + hexOfByte(static_cast<unsigned char>(control));
 }
 
 std::string forTerminal(std::string_view text) {

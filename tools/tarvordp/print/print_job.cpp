@@ -12,15 +12,16 @@
 #include "platform/file/file_spooler.h"
 #include "printer/clsUtilImp.h"
 #include "services/all.h"
+#include "tarvordp/interruption.h"
 #include "tarvordp/job/job_file.h"
 #include "tarvordp/json/excerpt.h"
 #include "tarvordp/mistake.h"
-#include "tarvordp/print/interruption.h"
 #include "tarvordp/print/job_messages.h"
 #include "tarvordp/print/job_pages.h"
 #include "tarvordp/print/job_report.h"
 #include "tarvordp/print/named_files.h"
 #include "tarvordp/print/opened_templates.h"
+#include "tarvordp/print/output_file.h"
 #include "tarvordp/print/traced_errors.h"
 #include "tarvordp/whole_file.h"
 
@@ -77,8 +78,6 @@ void checkSave(const PrintOptions& options) {
     throw Mistake("--save: " + *options.save + ": a file cannot be made there");
   }
 }
-
-constexpr const char* kStandardOutput = "-";
 
 // Two things on one stream would be neither.
 void checkTrace(const PrintOptions& options, const Profile& profile) {

@@ -2,6 +2,8 @@
 
 #include <array>
 
+#include "tarvordp/hex_byte.h"
+
 namespace tarvordp {
 namespace {
 
@@ -10,11 +12,6 @@ constexpr std::array<std::string_view, 33> kControlNames{
     "VT",  "FF",  "CR",  "SO",  "SI",  "DLE", "DC1", "DC2", "DC3", "DC4", "NAK",
     "SYN", "ETB", "CAN", "EM",  "SUB", "ESC", "FS",  "GS",  "RS",  "US",  "SP"};
 constexpr unsigned char kDelete = 0x7F;
-
-std::string hexOfByte(unsigned char byte) {
-  static constexpr std::string_view kDigits = "0123456789ABCDEF";
-  return {kDigits[byte >> 4U], kDigits[byte & 0xFU]};
-}
 
 template <class Name>
 std::string joined(std::string_view bytes, Name name) {

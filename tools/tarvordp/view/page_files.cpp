@@ -9,7 +9,7 @@
 #include <system_error>
 #include <utility>
 
-#include "tarvordp/print/interruption.h"
+#include "tarvordp/interruption.h"
 
 namespace tarvordp {
 namespace {

@@ -1,8 +1,8 @@
 // Files of printed pages: a picture for each page, or one PDF.
 //
 // A file is written beside its place, with ".part" behind its name, and put there when it is whole.
-// When it cannot be, or somebody wants the program to end (print/interruption.h), it is taken away
-// again, and one that was there before stays.
+// When it cannot be, or somebody wants the program to end (tarvordp/interruption.h), it is taken
+// away again, and one that was there before stays.
 #pragma once
 
 #include <memory>

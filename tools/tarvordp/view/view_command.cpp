@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "tarvordp/command_line.h"
-#include "tarvordp/print/interruption.h"
+#include "tarvordp/interruption.h"
 #include "tarvordp/profile/code_text.h"
 #include "tarvordp/profile/profile.h"
 #include "tarvordp/view/character_set.h"

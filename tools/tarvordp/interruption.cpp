@@ -1,4 +1,4 @@
-#include "tarvordp/print/interruption.h"
+#include "tarvordp/interruption.h"
 
 #include <signal.h>
 
